@@ -1,0 +1,3 @@
+#include "api/DLWork.h"
+
+Library::Thread::Mutex g_Locker;

@@ -1,0 +1,47 @@
+#pragma once
+// The module's entry points and its registry of connection ports.
+//
+// The trading server loads libzent_dl.so, calls ModuleInit once, InitDB once
+// per connection port that serves dealer libraries, then Execute for every
+// request of an administrator client; Reset tells that a user has gone.
+// Strings and messages are passed as the server's own objects: server and
+// module share the compiler and the standard library.
+#include <map>
+#include <string>
+
+#include "api/DLWork.h"
+#include "support/Alert.h"
+
+#define ZDL_EXPORT extern "C" __attribute__((visibility("default")))
+
+// Sets name to "ZENT_DL" and *kind to 1, reads the server's version; returns 1.
+ZDL_EXPORT int ModuleInit(std::string& name, unsigned* kind);
+
+// Registers the libraries of `port` listed in section "dealer-library" of the
+// file libraryList, and the audit size limit from section "General" of
+// serverSettings. Returns 1, or 0 when the library section is empty.
+ZDL_EXPORT int InitDB(const std::string& libraryList, const std::string& serverSettings, int port);
+
+// Frees every file `user` holds on `port`. 0 for an unknown port, else 1.
+ZDL_EXPORT int Reset(int user, int port);
+
+// The name of the library `user` holds on `port`, or an empty string.
+ZDL_EXPORT std::string GetDLInUse(int user, int port);
+
+// Handles one request in place: arguments in `message`, the reply goes back in
+// it. Returns 1 on success, 0 on failure. A malformed message raises
+// CAlertException, which is the server's to catch.
+ZDL_EXPORT int Execute(const std::string& command, CAlert& message, int user, int port,
+                       const std::string& userName);
+
+// The name the module reports to the server.
+inline constexpr const char* kModuleName = "ZENT_DL";
+
+// The registry, by port. Records are never erased, so pointers stay valid.
+extern std::map<int, tagDL_work> g_mapDL_work;
+// The server executable's version in three numbers, set by ModuleInit.
+extern std::string g_strVersion;
+
+// Ends the hold on `file`, whoever had it, and tells the server that the
+// user's file call is over. Does nothing for a null work record or empty file.
+void ReleaseLibrary(tagDL_work* work, const std::string& file, int user, int port);

@@ -1,0 +1,89 @@
+#include "ModuleHarness.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace fs = std::filesystem;
+
+namespace ztest {
+namespace {
+
+template <class Fn>
+Fn Symbol(void* handle, const char* name) {
+  void* symbol = dlsym(handle, name);
+  if (symbol == nullptr) throw std::runtime_error(std::string("missing symbol ") + name);
+  return reinterpret_cast<Fn>(symbol);
+}
+
+LoadedModule Load() {
+  char pattern[] = "/tmp/zdl_host_XXXXXX";
+  if (mkdtemp(pattern) == nullptr) throw std::runtime_error("mkdtemp failed");
+  fs::path root = pattern;
+  fs::create_directories(root / "modules");
+  fs::copy_file(ZDL_DBZENT_PATH, root / "modules" / "libdbzent.so");
+  if (chdir(root.c_str()) != 0) throw std::runtime_error("chdir failed");
+  setenv("PWD", root.c_str(), 1);
+
+  // The server loads its database module before it calls ours.
+  void* db = dlopen((root / "modules" / "libdbzent.so").c_str(), RTLD_NOW);
+  if (db == nullptr) throw std::runtime_error(dlerror());
+  void* module = dlopen(ZDL_MODULE_PATH, RTLD_NOW);
+  if (module == nullptr) throw std::runtime_error(dlerror());
+
+  LoadedModule m;
+  m.ModuleInit = Symbol<decltype(m.ModuleInit)>(module, "ModuleInit");
+  m.InitDB = Symbol<decltype(m.InitDB)>(module, "InitDB");
+  m.Reset = Symbol<decltype(m.Reset)>(module, "Reset");
+  m.GetDLInUse = Symbol<decltype(m.GetDLInUse)>(module, "GetDLInUse");
+  m.Execute = Symbol<decltype(m.Execute)>(module, "Execute");
+  m.db = Symbol<TestDbAccessor>(db, "TestDb")();
+  m.root = root.string();
+  return m;
+}
+
+}  // namespace
+
+LoadedModule& Module() {
+  static LoadedModule module = Load();
+  return module;
+}
+
+int NewPort() {
+  static std::atomic<int> next{7000};
+  return next++;
+}
+
+std::string WriteServerFile(const std::string& relative, const std::string& content) {
+  fs::path path = fs::path(Module().root) / relative;
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+  return path.string();
+}
+
+std::string ReadServerFile(const std::string& relative) {
+  std::ifstream in(fs::path(Module().root) / relative, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+bool ServerFileExists(const std::string& relative) { return fs::exists(fs::path(Module().root) / relative); }
+
+std::vector<std::string> ReadStrings(CAlert& message) {
+  std::vector<std::string> out;
+  while (message.get_fields_count() != 0) {
+    std::string s;
+    message >> s;
+    out.push_back(s);
+  }
+  return out;
+}
+
+}  // namespace ztest

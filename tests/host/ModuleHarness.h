@@ -1,0 +1,45 @@
+#pragma once
+// Loads libzent_dl.so the way the trading server does and gives tests its
+// five exports and the recording database module.
+#include <string>
+#include <vector>
+
+#include "TestDbZent.h"
+#include "support/Alert.h"
+
+namespace ztest {
+
+struct LoadedModule {
+  int (*ModuleInit)(std::string& name, unsigned* kind);
+  int (*InitDB)(const std::string& libraryList, const std::string& serverSettings, int port);
+  int (*Reset)(int user, int port);
+  std::string (*GetDLInUse)(int user, int port);
+  int (*Execute)(const std::string& command, CAlert& message, int user, int port, const std::string& userName);
+  TestDbState* db;
+  std::string root;  // the server's working directory, with modules/libdbzent.so under it
+};
+
+// Lays out a fresh working directory, changes into it, loads modules/libdbzent.so
+// and then the module. Done once per process; later calls return the same.
+LoadedModule& Module();
+
+// A port no other test of this process has used, so tests do not share state.
+int NewPort();
+
+// Writes `content` to `relative` under the working directory; returns the full path.
+std::string WriteServerFile(const std::string& relative, const std::string& content);
+std::string ReadServerFile(const std::string& relative);
+bool ServerFileExists(const std::string& relative);
+
+// Builds a request row: a nested message of a key and a value.
+template <class T>
+CAlert Row(const std::string& key, const T& value) {
+  CAlert row;
+  row << key << value;
+  return row;
+}
+
+// Reads every string field left in the message.
+std::vector<std::string> ReadStrings(CAlert& message);
+
+}  // namespace ztest
