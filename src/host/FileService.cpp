@@ -56,7 +56,7 @@ void WriteRefusal(CAlert& message, const char* verb, tagDL_work* work, int user)
 
 // Reads a whole file; false when it cannot be opened or read.
 bool ReadWholeFile(const std::string& path, std::string* text) {
-  Library::WinFile::CFile file(path.c_str(), Library::WinFile::kAccessRead, Library::WinFile::kOpenExisting, false);
+  Library::WinFile::CFile file(path, GENERIC_READ, OPEN_EXISTING, false);
   if (!file.IsValid()) return false;
   text->assign(static_cast<size_t>(file.Size()), '\0');
   return file.Read(text->data(), static_cast<unsigned>(text->size())) != 0;
@@ -64,7 +64,7 @@ bool ReadWholeFile(const std::string& path, std::string* text) {
 
 // True when the process may open the existing file for writing.
 bool IsWritable(const std::string& path) {
-  Library::WinFile::CFile file(path.c_str(), Library::WinFile::kAccessWrite, Library::WinFile::kOpenExisting, false);
+  Library::WinFile::CFile file(path, GENERIC_WRITE, OPEN_EXISTING, false);
   return file.IsValid();
 }
 

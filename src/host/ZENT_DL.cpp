@@ -10,7 +10,7 @@
 #include "support/FileUtils.h"
 #include "support/HostEvent.h"
 #include "support/HostModule.h"
-#include "support/StringUtils.h"
+#include "support/LinuxUtils.h"
 
 std::map<int, tagDL_work> g_mapDL_work;
 std::string g_strVersion;
@@ -61,7 +61,7 @@ ZDL_EXPORT int ModuleInit(std::string& name, unsigned* kind) {
   name = kModuleName;
   *kind = 1;
   std::string executable = Library::FileUtils::GetFullPath(Library::FileUtils::GetFullModuleName());
-  g_strVersion = CutLastVersionNumber(Library::FileUtils::GetFileVersion(executable, 4));
+  g_strVersion = CutLastVersionNumber(Library::FileUtils::GetFileVersion(executable, Library::FileUtils::VERSION_NUMBER_4));
   return 1;
 }
 

@@ -1,0 +1,16 @@
+#pragma once
+// Building and releasing the argument arrays that command handlers pass to
+// the settings API. What New_ builds, the matching Free_ releases, whatever
+// the settings call returned; the settings layer copies what it keeps.
+#include <string>
+#include <vector>
+
+#include "api/ZDLTypes.h"
+
+// count = in.size(); items is a block of that many entries (also for an empty
+// vector: a block of zero length), each string in a block of its length plus one.
+void New_ZDL_ArrayStrings(ZDL_ArrayStrings& out, const std::vector<std::string>& in);
+void Free_ZDL_ArrayStrings(ZDL_ArrayStrings& a);
+
+void New_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& out, const std::vector<int>& in);
+void Free_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& a);

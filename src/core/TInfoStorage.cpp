@@ -1,0 +1,45 @@
+#include "core/TInfoStorage.h"
+
+#include "core/TStorageHub.h"
+#include "core/ZDLErrors.h"
+
+// The typed store of the settings (sets of instruments, margin templates) is
+// built on the hub's parser when it is asked for; until that store exists the
+// request is accepted and nothing more is built.
+struct TInfoStorage::Impl {
+  TStorageHub* hub = nullptr;
+};
+
+void TInfoStorage::pImplDeleter::operator()(Impl* impl) const {
+  if (impl == nullptr) return;
+  delete impl->hub;
+  delete impl;
+}
+
+TInfoStorage::Impl* TInfoStorage::BuildImpl(const char* ini_source_name, int ini_source_type,
+                                             bool /*buildTypedStore*/) {
+  std::unique_ptr<Impl, pImplDeleter> impl(new Impl);
+  impl->hub = new TStorageHub(ini_source_name, ini_source_type);
+  return impl.release();
+}
+
+TInfoStorage::TInfoStorage(const char* ini_source_name, int ini_source_type, bool buildTypedStore)
+    : m_impl(BuildImpl(ini_source_name, ini_source_type, buildTypedStore)) {}
+
+TInfoStorage::~TInfoStorage() = default;
+
+int TInfoStorage::Refresh(const char* ini_source_name, int ini_source_type, bool buildTypedStore) {
+  std::unique_ptr<Impl, pImplDeleter> fresh(BuildImpl(ini_source_name, ini_source_type, buildTypedStore));
+  m_impl.swap(fresh);
+  return 1;
+}
+
+void TInfoStorage::ActivateLog(TLogWriter* log) { m_impl->hub->SetLogWriter(log); }
+
+void TInfoStorage::DeactivateLog() { m_impl->hub->SetLogWriter(nullptr); }
+
+int TInfoStorage::SaveSettingsToMemory(char** out) { return m_impl->hub->SaveSettingsToMemory(out); }
+
+int TInfoStorage::FreeMemory(void** p) { return m_impl->hub->GetMemory().FreeMemory(p); }
+
+TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
