@@ -5,8 +5,8 @@
 // the member, its wire name and both directions of conversion come from that
 // one list:
 //
-//   #define TDL_TwoStrings_FIELDS(FIELD) \
-//     FIELD(std::string, firmCode)       \
+//   #define TDL_TwoStrings_FIELDS(FIELD)
+//     FIELD(std::string, firmCode)
 //     FIELD(std::string, strParam)
 //   ZDL_DECLARE_RECORD(TDL_TwoStrings, TDL_TwoStrings_FIELDS);
 //

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "api/ExecDealerAPI.h"
 #include "host/FileService.h"
 #include "ini/IniFile.h"
 #include "support/FileUtils.h"
@@ -138,6 +139,16 @@ ZDL_EXPORT int Execute(const std::string& command, CAlert& message, int user, in
   if (strcasecmp(verb, "Init") == 0) return UserInit(message, user, kind, work, port, userName);
   if (strcasecmp(verb, "GetDLList") == 0) return GetDLList(message, user, work);
   if (strcasecmp(verb, "GetDLFile") == 0) return GetDLFile(message, user, kind, work, port, userName);
+  if (strcasecmp(verb, "ZDealerAPI") == 0) {
+    // A request is (command name, argument block); the reply is (name, result, block).
+    std::string name;
+    std::vector<unsigned char> block;
+    message >> name >> block;
+    int result = g_ExecDealerAPI.ExecuteDealerAPI(name, block, work, user, static_cast<int>(kind), userName, port);
+    message.clear();
+    message << name << result << block;
+    return result == 0 ? 1 : 0;
+  }
   return 0;
 }
 
