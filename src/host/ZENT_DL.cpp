@@ -8,6 +8,7 @@
 #include "api/ExecDealerAPI.h"
 #include "host/FileService.h"
 #include "ini/IniFile.h"
+#include "ini/PrivateProfile.h"
 #include "support/FileUtils.h"
 #include "support/HostEvent.h"
 #include "support/HostModule.h"

@@ -37,6 +37,7 @@ class FileServiceTest : public ::testing::Test {
     std::string name;
     unsigned kind;
     Module().ModuleInit(name, &kind);
+    ztest::ClearEvents();
   }
 
   // Signs a client on; returns the reply fields.
@@ -54,14 +55,14 @@ class FileServiceTest : public ::testing::Test {
     }
     CAlert m;
     m << version << language << list;
-    EXPECT_EQ(Module().Execute("Init", m, user, port_, "user" + std::to_string(user)), 1);
+    EXPECT_EQ(ztest::Call("Init", m, user, port_, "user" + std::to_string(user)), 1);
     InitReply r;
     m >> r.accepted >> r.mayWork >> r.user >> r.empty >> r.version >> r.last;
     EXPECT_EQ(m.get_fields_count(), 0u);
     return r;
   }
 
-  int GetFile(CAlert& m, int user) { return Module().Execute("GetDLFile", m, user, port_, "user" + std::to_string(user)); }
+  int GetFile(CAlert& m, int user) { return ztest::Call("GetDLFile", m, user, port_, "user" + std::to_string(user)); }
 
   static constexpr const char* kText = "[General]\r\nMainCurrency=SUR\r\n";
   int port_ = 0;
@@ -131,7 +132,7 @@ TEST_F(FileServiceTest, GetDLListListsNamesInOrderAndLogs) {
   std::string list = ztest::WriteServerFile(dir_ + "dl2.ini", "[dealer-library]\nzeta=z.ini\nalpha=a.ini\n");
   ASSERT_EQ(Module().InitDB(list, "", port_), 1);
   CAlert m;
-  ASSERT_EQ(Module().Execute("GetDLList", m, 2, port_, "u"), 1);
+  ASSERT_EQ(ztest::Call("GetDLList", m, 2, port_, "u"), 1);
   EXPECT_EQ(ztest::ReadStrings(m), (std::vector<std::string>{"alpha", "firm", "zeta"}));
   EXPECT_TRUE(ztest::HasEvent(0, "User[2], call GetDLList for port[" + std::to_string(port_) + "], library count[3]."));
 }
@@ -210,7 +211,7 @@ TEST_F(FileServiceTest, NoRowsLooksUpTheEmptyNameAndFailsWithText101) {
   EXPECT_EQ(text, kCannotOpenRu + " ");  // no Init: the user's language is Russian
   // The empty name is listed from now on.
   CAlert list;
-  Module().Execute("GetDLList", list, 2, port_, "u");
+  ztest::Call("GetDLList", list, 2, port_, "u");
   EXPECT_EQ(ztest::ReadStrings(list), (std::vector<std::string>{"", "firm"}));
 }
 

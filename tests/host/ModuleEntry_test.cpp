@@ -35,7 +35,7 @@ class ModuleEntryTest : public ::testing::Test {
 
   std::vector<std::string> List() {
     CAlert m;
-    EXPECT_EQ(Module().Execute("GetDLList", m, 1, port_, "admin"), 1);
+    EXPECT_EQ(ztest::Call("GetDLList", m, 1, port_, "admin"), 1);
     return ztest::ReadStrings(m);
   }
 
@@ -43,7 +43,7 @@ class ModuleEntryTest : public ::testing::Test {
   std::string Fetch(const std::string& name, int user = 1) {
     CAlert m;
     m << ztest::Row("FIRM", name) << ztest::Row("READONLY", 1);
-    if (Module().Execute("GetDLFile", m, user, port_, "admin") != 1) return "<failed>";
+    if (ztest::Call("GetDLFile", m, user, port_, "admin") != 1) return "<failed>";
     int readOnly = 0;
     std::string firm, text;
     m >> readOnly >> firm >> text;
@@ -97,7 +97,7 @@ TEST_F(ModuleEntryTest, ModuleInitKeepsThreeNumbersOfTheServerVersion) {
     row << std::string("Terminal") << version << std::string("");
     modules << row;
     m << version << 1033 << modules;
-    Module().Execute("Init", m, 5, port_, "u");
+    ztest::Call("Init", m, 5, port_, "u");
     int accepted = -1;
     m >> accepted;
     return accepted;
@@ -109,7 +109,7 @@ TEST_F(ModuleEntryTest, ModuleInitKeepsThreeNumbersOfTheServerVersion) {
 TEST_F(ModuleEntryTest, UnknownPortGetsTheErrorReplyByteForByte) {
   CAlert m;
   m << 42;
-  EXPECT_EQ(Module().Execute("GetDLList", m, 1, 1, "admin"), 0);
+  EXPECT_EQ(ztest::Call("GetDLList", m, 1, 1, "admin"), 0);
   const unsigned char expected[] = {
       0x04, 0x00, 0x00, 0x00,                                                 // four fields
       0x06, 0x05, 0x00, 0x00, 0x00, 'E', 'r', 'r', 'o', 'r',                  // "Error"
@@ -124,14 +124,14 @@ TEST_F(ModuleEntryTest, UnknownPortGetsTheErrorReplyByteForByte) {
 TEST_F(ModuleEntryTest, UnknownPortAsksNobodyWhoTheUserIs) {
   int before = Module().db->whoIsItCalls;
   CAlert m;
-  Module().Execute("GetDLList", m, 1, 2, "admin");
+  ztest::Call("GetDLList", m, 1, 2, "admin");
   EXPECT_EQ(Module().db->whoIsItCalls, before);
 }
 
 TEST_F(ModuleEntryTest, VerbsIgnoreCase) {
   ASSERT_EQ(Register("alpha=alpha.ini\n"), 1);
   CAlert m;
-  EXPECT_EQ(Module().Execute("getdllist", m, 1, port_, "admin"), 1);
+  EXPECT_EQ(ztest::Call("getdllist", m, 1, port_, "admin"), 1);
   EXPECT_EQ(ztest::ReadStrings(m), std::vector<std::string>{"alpha"});
 }
 
@@ -140,7 +140,7 @@ TEST_F(ModuleEntryTest, AnUnknownVerbFailsAndLeavesTheMessageAlone) {
   CAlert m;
   m << std::string("keep");
   std::vector<char> before(m.get_data(), m.get_data() + m.get_size());
-  EXPECT_EQ(Module().Execute("Whatever", m, 1, port_, "admin"), 0);
+  EXPECT_EQ(ztest::Call("Whatever", m, 1, port_, "admin"), 0);
   EXPECT_EQ(std::vector<char>(m.get_data(), m.get_data() + m.get_size()), before);
 }
 
@@ -200,7 +200,7 @@ TEST_F(ModuleEntryTest, ASecondInitDBFreesTheFilesOfThePort) {
   ASSERT_EQ(Register("f=f.ini\n"), 1);
   CAlert m;
   m << ztest::Row("FIRM", std::string("f"));
-  ASSERT_EQ(Module().Execute("GetDLFile", m, 1, port_, "admin"), 1);
+  ASSERT_EQ(ztest::Call("GetDLFile", m, 1, port_, "admin"), 1);
   ASSERT_EQ(Module().GetDLInUse(1, port_), "f");
   ASSERT_EQ(Module().InitDB(list_, settings_, port_), 1);
   EXPECT_EQ(Module().GetDLInUse(1, port_), "");
@@ -210,7 +210,7 @@ TEST_F(ModuleEntryTest, ASecondInitDBFreesTheFilesOfThePort) {
 std::string AuditedText(int port) {
   CAlert m;
   m << ztest::Row("FIRM", std::string("f"));
-  Module().Execute("GetDLFile", m, 1, port, "admin");
+  ztest::Call("GetDLFile", m, 1, port, "admin");
   if (Module().db->audits.empty()) return "<no audit>";
   return Module().db->audits.back().fields[20];
 }
@@ -260,14 +260,14 @@ TEST_F(ModuleEntryTest, ResetFreesTheHoldsOfTheUser) {
   ASSERT_EQ(Register("f=f.ini\n"), 1);
   CAlert m;
   m << ztest::Row("FIRM", std::string("f"));
-  ASSERT_EQ(Module().Execute("GetDLFile", m, 4, port_, "u4"), 1);
+  ASSERT_EQ(ztest::Call("GetDLFile", m, 4, port_, "u4"), 1);
   ASSERT_EQ(Module().GetDLInUse(4, port_), "f");
   EXPECT_EQ(Module().Reset(4, port_), 1);
   EXPECT_EQ(Module().GetDLInUse(4, port_), "");
   // Another user can now take the hold.
   CAlert again;
   again << ztest::Row("FIRM", std::string("f"));
-  ASSERT_EQ(Module().Execute("GetDLFile", again, 5, port_, "u5"), 1);
+  ASSERT_EQ(ztest::Call("GetDLFile", again, 5, port_, "u5"), 1);
   int readOnly = -1;
   again >> readOnly;
   EXPECT_EQ(readOnly, 0);

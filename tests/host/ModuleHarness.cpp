@@ -29,7 +29,6 @@ LoadedModule Load() {
   fs::create_directories(root / "modules");
   fs::copy_file(ZDL_DBZENT_PATH, root / "modules" / "libdbzent.so");
   if (chdir(root.c_str()) != 0) throw std::runtime_error("chdir failed");
-  setenv("PWD", root.c_str(), 1);
 
   // The server loads its database module before it calls ours.
   void* db = dlopen((root / "modules" / "libdbzent.so").c_str(), RTLD_NOW);
@@ -75,6 +74,13 @@ std::string ReadServerFile(const std::string& relative) {
 }
 
 bool ServerFileExists(const std::string& relative) { return fs::exists(fs::path(Module().root) / relative); }
+
+int Call(const std::string& command, CAlert& message, int user, int port, const std::string& userName) {
+  message.set_begin();  // a request arrives from the wire ready for reading
+  int result = Module().Execute(command, message, user, port, userName);
+  message.set_begin();
+  return result;
+}
 
 std::vector<std::string> ReadStrings(CAlert& message) {
   std::vector<std::string> out;

@@ -39,6 +39,11 @@ CAlert Row(const std::string& key, const T& value) {
   return row;
 }
 
+// Calls the module's Execute as the server does, with the request rewound for
+// reading, then rewinds the reply for the test to read, as a client receiving
+// it from the wire would.
+int Call(const std::string& command, CAlert& message, int user, int port, const std::string& userName);
+
 // Reads every string field left in the message.
 std::vector<std::string> ReadStrings(CAlert& message);
 

@@ -65,9 +65,18 @@ void* Open(const std::string& path) {
 constexpr int kHostUser = 1;
 const std::string kHostUserName = "zent_host";
 
+// Hands a request to the module as the server does, ready for reading, and
+// rewinds the reply for reading, as a client receiving it would.
+int Call(const Module& module, const std::string& verb, CAlert& message, int port) {
+  message.set_begin();
+  int result = module.Execute(verb, message, kHostUser, port, kHostUserName);
+  message.set_begin();
+  return result;
+}
+
 void ShowPort(const Module& module, int port) {
   CAlert list;
-  module.Execute("GetDLList", list, kHostUser, port, kHostUserName);
+  Call(module, "GetDLList", list, port);
   std::vector<std::string> names;
   while (list.get_fields_count() != 0) {
     std::string name;
@@ -80,7 +89,7 @@ void ShowPort(const Module& module, int port) {
     row << std::string("FIRM") << name;
     ro << std::string("READONLY") << 1;
     request << row << ro;
-    if (module.Execute("GetDLFile", request, kHostUser, port, kHostUserName) == 1) {
+    if (Call(module, "GetDLFile", request, port) == 1) {
       int readOnly = 0;
       std::string firm, text;
       request >> readOnly >> firm >> text;
