@@ -5,10 +5,10 @@
 // the member, its wire name and both directions of conversion come from that
 // one list:
 //
-//   #define TDL_TwoStrings_FIELDS(FIELD)
-//     FIELD(std::string, firmCode)
-//     FIELD(std::string, strParam)
+//   #define TDL_TwoStrings_FIELDS(FIELD)  FIELD(std::string, firmCode)  FIELD(std::string, strParam)
 //   ZDL_DECLARE_RECORD(TDL_TwoStrings, TDL_TwoStrings_FIELDS);
+//
+// (a long list goes on several lines joined by backslashes)
 //
 // gives struct TDL_TwoStrings { std::string firmCode{}; std::string strParam{}; }
 // whose fields travel under the names "firmCode" and "strParam". Field types:

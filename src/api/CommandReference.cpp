@@ -1,0 +1,99 @@
+#include "api/CommandReference.h"
+
+#include <string_view>
+
+#include "api/CommandTable.h"
+
+namespace DL {
+namespace {
+
+void AppendCount(std::string& out, std::size_t n) { out += std::to_string(n); }
+
+std::string_view ScopeHeading(ECommandScope scope) {
+  return scope == ECommandScope::None ? "No scope word" : ScopeName(scope);
+}
+
+void AppendRow(std::string& out, const TCommandRow& row) {
+  out += "| `";
+  out += row.name;
+  out += "` | ";
+  out += VerbName(row.verb);
+  out += " | ";
+  if (row.shape == EAdapterShape::OwnRecord) {
+    out += "own record `";
+    out += row.record;
+    out += '`';
+  } else {
+    out += "adapter `";
+    out += ShapeName(row.shape);
+    out += '`';
+  }
+  out += " | `";
+  out += row.function;
+  out += "` | ";
+  out += row.firmCheck ? "yes" : "no";
+  out += " |\n";
+}
+
+}  // namespace
+
+std::string CommandReferenceMarkdown() {
+  std::string out;
+  out += "# Remote commands\n\n";
+  out += "Printed from `src/api/Commands.def` by `tools/commands`; do not edit by hand.\n\n";
+
+  out += "There are ";
+  AppendCount(out, kCommandCount);
+  out += " commands:";
+  for (std::size_t v = 0; v < kCommandVerbCount; ++v) {
+    auto verb = static_cast<ECommandVerb>(v);
+    out += v == 0 ? " " : ", ";
+    AppendCount(out, CountCommands(verb));
+    out += ' ';
+    out += VerbName(verb);
+  }
+  out += ". ";
+  AppendCount(out, kCommandCount - CountCommands(EAdapterShape::OwnRecord));
+  out += " are served by generic adapters, ";
+  AppendCount(out, CountCommands(EAdapterShape::OwnRecord));
+  out += " by handlers with a record of their own; ";
+  AppendCount(out, CountFirmChecks());
+  out += " handlers refuse a \"firmCode\" other than the firm the caller holds (firm check).\n";
+
+  out += "\nA handler is named `ZA_` plus the settings function's name without `ZDL_`. ";
+  out += "Commands beginning with `Add`, `Rem` or `Set` are refused to a caller who holds no file.\n";
+
+  ECommandScope current = ECommandScope::None;
+  bool first = true;
+  for (const TCommandRow& row : kCommandTable) {
+    if (first || row.scope != current) {
+      current = row.scope;
+      first = false;
+      out += "\n## ";
+      out += ScopeHeading(current);
+      out += " (";
+      AppendCount(out, CountCommands(current));
+      out += ")\n\n";
+      out += "| Command | Verb | Served by | Settings function | Firm check |\n";
+      out += "|---|---|---|---|---|\n";
+    }
+    AppendRow(out, row);
+  }
+
+  out += "\n## Adapter shapes\n\n";
+  out += "| Shape | Kind | Commands |\n";
+  out += "|---|---|---|\n";
+  for (std::size_t s = 0; s < kAdapterShapeCount; ++s) {
+    auto shape = static_cast<EAdapterShape>(s);
+    out += "| `";
+    out += ShapeName(shape);
+    out += "` | ";
+    out += ShapeKind(shape) == EShapeKind::Send ? "send" : "read";
+    out += " | ";
+    AppendCount(out, CountCommands(shape));
+    out += " |\n";
+  }
+  return out;
+}
+
+}  // namespace DL

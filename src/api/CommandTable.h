@@ -1,0 +1,122 @@
+#pragma once
+// The remote command table as data: one row per command of the "ZDealerAPI"
+// verb, expanded from api/Commands.def. The dispatcher registers its handlers
+// from these rows; the reference in docs/api.md is printed from them too.
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace DL {
+
+// The first word of a command's name.
+enum class ECommandVerb : unsigned char { Get, Set, Remove, Add, Move };
+inline constexpr std::size_t kCommandVerbCount = 5;
+
+// Where the setting lives; None for tariff plans, spread orders and the like.
+enum class ECommandScope : unsigned char {
+  Global,
+  ClientSettings,
+  ClientTemplate,
+  MarginTemplate,
+  RestrictionTemplate,
+  BaseAssetsTemplate,
+  PortfolioRiskConfigTemplate,
+  UserSettings,
+  None,
+};
+inline constexpr std::size_t kCommandScopeCount = 9;
+
+// The generic adapter that serves a command, or OwnRecord for a command whose
+// handler decodes a record of its own.
+enum class EAdapterShape : unsigned char {
+#define ZDL_SHAPE(name, kind) name,
+#include "api/AdapterShapes.def"
+#undef ZDL_SHAPE
+  OwnRecord,
+};
+inline constexpr std::size_t kAdapterShapeCount = static_cast<std::size_t>(EAdapterShape::OwnRecord);
+
+// Send: passes arguments and records a change line. Read: returns a result in
+// the reply record. Own: not an adapter.
+enum class EShapeKind : unsigned char { Send, Read, Own };
+
+struct TCommandRow {
+  std::string_view name;      // as the client sends it; compared byte for byte
+  ECommandVerb verb;          // the first word of name
+  ECommandScope scope;        // the last scope word of name, None if it has none
+  EAdapterShape shape;        // adapter, or OwnRecord
+  std::string_view record;    // TDL_ record of an own handler; empty for an adapter command
+  std::string_view function;  // the settings function the handler calls, "ZDL_..."
+  bool firmCheck;             // refuses a "firmCode" other than the firm the caller holds
+};
+
+namespace CommandTableTokens {
+// The words of the firmCheck column.
+inline constexpr bool FirmCheck = true;
+inline constexpr bool NoFirmCheck = false;
+
+// The record column says ShapeRecord for an adapter command: its record is the
+// generic one of the shape, so the row carries none.
+constexpr std::string_view RecordColumn(std::string_view text) {
+  return text == "ShapeRecord" ? std::string_view() : text;
+}
+}  // namespace CommandTableTokens
+
+// All commands, in catalogue order.
+inline constexpr std::array kCommandTable = {
+#define ZDL_COMMAND(name, verb, scope, shape, record, function, firmCheck)                          \
+  TCommandRow{#name,                                                                                \
+              ECommandVerb::verb,                                                                   \
+              ECommandScope::scope,                                                                 \
+              EAdapterShape::shape,                                                                 \
+              CommandTableTokens::RecordColumn(#record),                                            \
+              #function,                                                                            \
+              CommandTableTokens::firmCheck},
+#include "api/Commands.def"
+#undef ZDL_COMMAND
+};
+inline constexpr std::size_t kCommandCount = kCommandTable.size();
+
+// The row of a command, or null for a name that is not in the table. The
+// comparison is exact: a name that differs only in case is unknown.
+[[nodiscard]] const TCommandRow* FindCommand(std::string_view name);
+
+// Number of rows with the given verb, scope or shape.
+constexpr std::size_t CountCommands(ECommandVerb verb) {
+  std::size_t n = 0;
+  for (const TCommandRow& row : kCommandTable) n += row.verb == verb ? 1 : 0;
+  return n;
+}
+constexpr std::size_t CountCommands(ECommandScope scope) {
+  std::size_t n = 0;
+  for (const TCommandRow& row : kCommandTable) n += row.scope == scope ? 1 : 0;
+  return n;
+}
+constexpr std::size_t CountCommands(EAdapterShape shape) {
+  std::size_t n = 0;
+  for (const TCommandRow& row : kCommandTable) n += row.shape == shape ? 1 : 0;
+  return n;
+}
+// Number of rows whose handler has the firm check.
+constexpr std::size_t CountFirmChecks() {
+  std::size_t n = 0;
+  for (const TCommandRow& row : kCommandTable) n += row.firmCheck ? 1 : 0;
+  return n;
+}
+
+std::string_view VerbName(ECommandVerb verb);
+std::string_view ScopeName(ECommandScope scope);
+// "OwnRecord" for EAdapterShape::OwnRecord.
+std::string_view ShapeName(EAdapterShape shape);
+EShapeKind ShapeKind(EAdapterShape shape);
+
+// The handler's name: "ZA_" and the settings function's name without "ZDL_".
+std::string HandlerName(const TCommandRow& row);
+
+// Whether a caller who holds no file may run the command: every name that does
+// not begin with "Add", "Rem" or "Set". Move commands pass here; their
+// handlers' firm check stops a reader instead.
+bool PassesReadOnlyTest(std::string_view name);
+
+}  // namespace DL
