@@ -10,10 +10,9 @@
 
 namespace {
 
-#define BENCH_TwoStrings_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)         \
-  FIELD(std::string, strParam)
-ZDL_DECLARE_RECORD(TBenchTwoStrings, BENCH_TwoStrings_FIELDS);
+ZDL_DECLARE_RECORD(TBenchTwoStrings,
+                   (std::string, firmCode),
+                   (std::string, strParam));
 
 std::vector<unsigned char> SampleBlock() {
   TBenchTwoStrings r;

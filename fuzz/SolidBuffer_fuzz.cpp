@@ -14,24 +14,22 @@ namespace {
 
 using namespace StorageNamed::InMemStorageSpace;
 
-#define FUZZ_Row_FIELDS(FIELD)                         \
-  FIELD(std::string, str)                              \
-  FIELD(std::vector<StorageNamed::STL_string>, lsStrings) \
-  FIELD(double, value)
-ZDL_DECLARE_RECORD(TFuzzRow, FUZZ_Row_FIELDS);
+ZDL_DECLARE_RECORD(TFuzzRow,
+                   (std::string, str),
+                   (std::vector<StorageNamed::STL_string>, lsStrings),
+                   (double, value));
 
-#define FUZZ_Record_FIELDS(FIELD)                      \
-  FIELD(std::string, firmCode)                         \
-  FIELD(int, intParam)                                 \
-  FIELD(bool, boolParam1)                              \
-  FIELD(char, charParam)                               \
-  FIELD(double, doubleParam1)                          \
-  FIELD(long long, longPosLimit)                       \
-  FIELD(std::vector<int>, lsInts)                      \
-  FIELD(std::vector<double>, lsDoubles)                \
-  FIELD(std::vector<StorageNamed::STL_string>, lsStrings) \
-  FIELD(std::vector<TFuzzRow>, lsRows)
-ZDL_DECLARE_RECORD(TFuzzRecord, FUZZ_Record_FIELDS);
+ZDL_DECLARE_RECORD(TFuzzRecord,
+                   (std::string, firmCode),
+                   (int, intParam),
+                   (bool, boolParam1),
+                   (char, charParam),
+                   (double, doubleParam1),
+                   (long long, longPosLimit),
+                   (std::vector<int>, lsInts),
+                   (std::vector<double>, lsDoubles),
+                   (std::vector<StorageNamed::STL_string>, lsStrings),
+                   (std::vector<TFuzzRow>, lsRows));
 
 std::vector<unsigned char> Pack(const CInMemStorage& storage) {
   CMemoryObjectEx block;
