@@ -1,19 +1,17 @@
 #pragma once
 // Records that travel between the remote client and the command handlers.
 //
-// A record's fields are declared once, as (type, name) rows of a field list;
-// the member, its wire name and both directions of conversion come from that
-// one list:
+// A record's fields are declared once, as (type, member) rows; the member, its
+// wire name (the member's name) and both directions of conversion come from
+// that one declaration:
 //
-//   #define TDL_TwoStrings_FIELDS(FIELD)  FIELD(std::string, firmCode)  FIELD(std::string, strParam)
-//   ZDL_DECLARE_RECORD(TDL_TwoStrings, TDL_TwoStrings_FIELDS);
-//
-// (a long list goes on several lines joined by backslashes)
+//   ZDL_DECLARE_RECORD(TDL_TwoStrings, (std::string, firmCode), (std::string, strParam));
 //
 // gives struct TDL_TwoStrings { std::string firmCode{}; std::string strParam{}; }
 // whose fields travel under the names "firmCode" and "strParam". Field types:
 // std::string, int, bool, char, double, long long, std::vector<int>,
 // std::vector<double>, std::vector<STL_string> and std::vector of a record.
+// A type with a comma in it needs an alias first. Up to 256 rows per record.
 //
 // A record written by hand takes part too: give it the member type
 // `using TransferRecordTag = void;` and a static
@@ -26,18 +24,29 @@
 
 #include "support/StorageSerialize.h"
 
-#define ZDL_RECORD_MEMBER_(type, name) type name{};
-#define ZDL_RECORD_VISIT_(type, name) visit(#name, record.name);
+// Applies macro to every parenthesised row: macro (type, member).
+#define ZDL_FOR_EACH_ROW_(macro, ...) __VA_OPT__(ZDL_ROWS_EXPAND_(ZDL_ROWS_STEP_(macro, __VA_ARGS__)))
+#define ZDL_ROWS_STEP_(macro, row, ...) macro row __VA_OPT__(ZDL_ROWS_AGAIN_ ZDL_ROWS_PARENS_(macro, __VA_ARGS__))
+#define ZDL_ROWS_AGAIN_() ZDL_ROWS_STEP_
+#define ZDL_ROWS_PARENS_ ()
+#define ZDL_ROWS_EXPAND_(...) ZDL_ROWS_EXPAND3_(ZDL_ROWS_EXPAND3_(ZDL_ROWS_EXPAND3_(ZDL_ROWS_EXPAND3_(__VA_ARGS__))))
+#define ZDL_ROWS_EXPAND3_(...) ZDL_ROWS_EXPAND2_(ZDL_ROWS_EXPAND2_(ZDL_ROWS_EXPAND2_(ZDL_ROWS_EXPAND2_(__VA_ARGS__))))
+#define ZDL_ROWS_EXPAND2_(...) ZDL_ROWS_EXPAND1_(ZDL_ROWS_EXPAND1_(ZDL_ROWS_EXPAND1_(ZDL_ROWS_EXPAND1_(__VA_ARGS__))))
+#define ZDL_ROWS_EXPAND1_(...) ZDL_ROWS_EXPAND0_(ZDL_ROWS_EXPAND0_(ZDL_ROWS_EXPAND0_(ZDL_ROWS_EXPAND0_(__VA_ARGS__))))
+#define ZDL_ROWS_EXPAND0_(...) __VA_ARGS__
 
-#define ZDL_DECLARE_RECORD(Name, FIELDS)                     \
+#define ZDL_RECORD_MEMBER_(type, member) type member{};
+#define ZDL_RECORD_VISIT_(type, member) visit(#member, record.member);
+
+#define ZDL_DECLARE_RECORD(Name, ...)                        \
   struct Name {                                              \
     using TransferRecordTag = void;                          \
-    FIELDS(ZDL_RECORD_MEMBER_)                               \
+    ZDL_FOR_EACH_ROW_(ZDL_RECORD_MEMBER_, __VA_ARGS__)       \
     template <class Self, class Visitor>                     \
     static void VisitFields(Self& record, Visitor&& visit) { \
       (void)record;                                          \
       (void)visit;                                           \
-      FIELDS(ZDL_RECORD_VISIT_)                              \
+      ZDL_FOR_EACH_ROW_(ZDL_RECORD_VISIT_, __VA_ARGS__)      \
     }                                                        \
   }
 

@@ -7,67 +7,56 @@
 
 namespace sample {
 
-#define TDL_TwoStrings_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)       \
-  FIELD(std::string, strParam)
-ZDL_DECLARE_RECORD(TDL_TwoStrings, TDL_TwoStrings_FIELDS);
+ZDL_DECLARE_RECORD(TDL_TwoStrings,
+                   (std::string, firmCode),
+                   (std::string, strParam));
 
-#define TDL_StringAndArray_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)           \
-  FIELD(std::vector<StorageNamed::STL_string>, lsStrings)
-ZDL_DECLARE_RECORD(TDL_StringAndArray, TDL_StringAndArray_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringAndArray,
+                   (std::string, firmCode),
+                   (std::vector<StorageNamed::STL_string>, lsStrings));
 
-#define TDL_StringsPair_FIELDS(FIELD) \
-  FIELD(std::string, str1)            \
-  FIELD(std::string, str2)
-ZDL_DECLARE_RECORD(TDL_StringsPair, TDL_StringsPair_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringsPair,
+                   (std::string, str1),
+                   (std::string, str2));
 
-#define TDL_Pairs_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)  \
-  FIELD(std::vector<TDL_StringsPair>, lsPairs)
-ZDL_DECLARE_RECORD(TDL_Pairs, TDL_Pairs_FIELDS);
+ZDL_DECLARE_RECORD(TDL_Pairs,
+                   (std::string, firmCode),
+                   (std::vector<TDL_StringsPair>, lsPairs));
 
-#define TDL_ScaleRate_FIELDS(FIELD) \
-  FIELD(double, volume)             \
-  FIELD(double, rate)
-ZDL_DECLARE_RECORD(TDL_ScaleRate, TDL_ScaleRate_FIELDS);
+ZDL_DECLARE_RECORD(TDL_ScaleRate,
+                   (double, volume),
+                   (double, rate));
 
-#define TDL_ClassGroupWithScale_FIELDS(FIELD)               \
-  FIELD(std::vector<StorageNamed::STL_string>, lsClassCodes) \
-  FIELD(double, minValue)                                    \
-  FIELD(double, maxValue)                                    \
-  FIELD(double, minTurnover)                                 \
-  FIELD(std::vector<TDL_ScaleRate>, scale)
-ZDL_DECLARE_RECORD(TDL_ClassGroupWithScale, TDL_ClassGroupWithScale_FIELDS);
+ZDL_DECLARE_RECORD(TDL_ClassGroupWithScale,
+                   (std::vector<StorageNamed::STL_string>, lsClassCodes),
+                   (double, minValue),
+                   (double, maxValue),
+                   (double, minTurnover),
+                   (std::vector<TDL_ScaleRate>, scale));
 
-#define TDL_Groups_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)   \
-  FIELD(std::vector<TDL_ClassGroupWithScale>, lsGroups)
-ZDL_DECLARE_RECORD(TDL_Groups, TDL_Groups_FIELDS);
+ZDL_DECLARE_RECORD(TDL_Groups,
+                   (std::string, firmCode),
+                   (std::vector<TDL_ClassGroupWithScale>, lsGroups));
 
-#define TDL_MaxPositionLimit_FIELDS(FIELD)                   \
-  FIELD(std::vector<StorageNamed::STL_string>, lsInstruments) \
-  FIELD(bool, isLongPosLimit)                                 \
-  FIELD(long long, longPosLimit)                              \
-  FIELD(bool, isShortPosLimit)                                \
-  FIELD(long long, shortPosLimit)
-ZDL_DECLARE_RECORD(TDL_MaxPositionLimit, TDL_MaxPositionLimit_FIELDS);
+ZDL_DECLARE_RECORD(TDL_MaxPositionLimit,
+                   (std::vector<StorageNamed::STL_string>, lsInstruments),
+                   (bool, isLongPosLimit),
+                   (long long, longPosLimit),
+                   (bool, isShortPosLimit),
+                   (long long, shortPosLimit));
 
-#define TDL_Numbers_FIELDS(FIELD) \
-  FIELD(int, intParam)            \
-  FIELD(char, charParam)          \
-  FIELD(std::vector<int>, lsInts) \
-  FIELD(std::vector<double>, lsDoubles)
-ZDL_DECLARE_RECORD(TDL_Numbers, TDL_Numbers_FIELDS);
+ZDL_DECLARE_RECORD(TDL_Numbers,
+                   (int, intParam),
+                   (char, charParam),
+                   (std::vector<int>, lsInts),
+                   (std::vector<double>, lsDoubles));
 
 // Declared beta first: the block still carries alpha first.
-#define TDL_Ordered_FIELDS(FIELD) \
-  FIELD(int, beta)                \
-  FIELD(int, alpha)
-ZDL_DECLARE_RECORD(TDL_Ordered, TDL_Ordered_FIELDS);
+ZDL_DECLARE_RECORD(TDL_Ordered,
+                   (int, beta),
+                   (int, alpha));
 
-#define TDL_Empty_FIELDS(FIELD)
-ZDL_DECLARE_RECORD(TDL_Empty, TDL_Empty_FIELDS);
+ZDL_DECLARE_RECORD(TDL_Empty);
 
 // A record written by hand, with a default of its own.
 struct TDL_OpenFile {

@@ -200,7 +200,7 @@ TEST_F(InMemStorageTest, PackingIntoNothingGivesZero) {
 
 TEST_F(InMemStorageTest, PackingIntoAViewTooSmallGivesZero) {
   CInMemStorage s;
-  unsigned char small[10];
+  unsigned char small[10] = {};
   fake_mem_block view(small, sizeof small);
   EXPECT_EQ(0u, s.PackToSolidBuffer(&view));
 }
@@ -606,7 +606,7 @@ TEST(MemBlockTest, ViewTakesWhatFitsAndKeepsTheRest) {
 }
 
 TEST(MemBlockTest, ViewHandsItselfOutOnlyWhenLargeEnough) {
-  unsigned char room[4];
+  unsigned char room[4] = {};
   fake_mem_block view(room, sizeof room);
   EXPECT_EQ(room, view.alloc_buff(4));
   EXPECT_EQ(nullptr, view.alloc_buff(5));
