@@ -7,52 +7,20 @@
 
 #include "api/RecordFields.h"
 
-#define TDL_String_FIELDS(FIELD) FIELD(std::string, firmCode)
-ZDL_DECLARE_RECORD(TDL_String, TDL_String_FIELDS);
+ZDL_DECLARE_RECORD(TDL_String, (std::string, firmCode));
 
-#define TDL_TwoStrings_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)       \
-  FIELD(std::string, strParam)
-ZDL_DECLARE_RECORD(TDL_TwoStrings, TDL_TwoStrings_FIELDS);
+ZDL_DECLARE_RECORD(TDL_TwoStrings, (std::string, firmCode), (std::string, strParam));
 
-#define TDL_ThreeStrings_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)         \
-  FIELD(std::string, strParam1)        \
-  FIELD(std::string, strParam2)
-ZDL_DECLARE_RECORD(TDL_ThreeStrings, TDL_ThreeStrings_FIELDS);
+ZDL_DECLARE_RECORD(TDL_ThreeStrings, (std::string, firmCode), (std::string, strParam1), (std::string, strParam2));
 
-#define TDL_StringAndBool_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)          \
-  FIELD(bool, boolParam1)
-ZDL_DECLARE_RECORD(TDL_StringAndBool, TDL_StringAndBool_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringAndBool, (std::string, firmCode), (bool, boolParam1));
 
-#define TDL_StringAndInt_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)         \
-  FIELD(int, intParam1)
-ZDL_DECLARE_RECORD(TDL_StringAndInt, TDL_StringAndInt_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringAndInt, (std::string, firmCode), (int, intParam1));
 
-#define TDL_StringAndArray_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)           \
-  FIELD(std::vector<std::string>, lsStrings)
-ZDL_DECLARE_RECORD(TDL_StringAndArray, TDL_StringAndArray_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringAndArray, (std::string, firmCode), (std::vector<std::string>, lsStrings));
 
-#define TDL_TwoStringsAndArray_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)               \
-  FIELD(std::string, strParam)               \
-  FIELD(std::vector<std::string>, lsStrings)
-ZDL_DECLARE_RECORD(TDL_TwoStringsAndArray, TDL_TwoStringsAndArray_FIELDS);
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArray, (std::string, firmCode), (std::string, strParam), (std::vector<std::string>, lsStrings));
 
-#define TDL_ThreeStringsAndIntAndArrayStrings_FIELDS(FIELD) \
-  FIELD(std::string, strParam1)                             \
-  FIELD(int, intParam)                                      \
-  FIELD(std::string, strParam2)                             \
-  FIELD(std::string, strParam3)                             \
-  FIELD(std::vector<std::string>, lsStrings)
-ZDL_DECLARE_RECORD(TDL_ThreeStringsAndIntAndArrayStrings, TDL_ThreeStringsAndIntAndArrayStrings_FIELDS);
+ZDL_DECLARE_RECORD(TDL_ThreeStringsAndIntAndArrayStrings, (std::string, strParam1), (int, intParam), (std::string, strParam2), (std::string, strParam3), (std::vector<std::string>, lsStrings));
 
-#define TDL_StringAndThreeDouble_FIELDS(FIELD) \
-  FIELD(std::string, firmCode)                 \
-  FIELD(double, doubleParam1)                  \
-  FIELD(double, doubleParam2)                  \
-  FIELD(double, doubleParam3)
-ZDL_DECLARE_RECORD(TDL_StringAndThreeDouble, TDL_StringAndThreeDouble_FIELDS);
+ZDL_DECLARE_RECORD(TDL_StringAndThreeDouble, (std::string, firmCode), (double, doubleParam1), (double, doubleParam2), (double, doubleParam3));
