@@ -44,7 +44,7 @@ void WriteAudit(int port, int user, const char* event, const std::string& userNa
 
 }  // namespace
 
-CExecDealerAPI::CExecDealerAPI() = default;
+CExecDealerAPI::CExecDealerAPI() { RegisterCommands(); }
 
 CExecDealerAPI::~CExecDealerAPI() = default;
 

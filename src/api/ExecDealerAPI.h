@@ -49,6 +49,11 @@ class CExecDealerAPI {
                       int port);
   int ZA_DLCloseFile(std::vector<unsigned char>& data, tagDL_work* work, int user, int kind, std::string userName);
 
+  // Handlers of the registered commands, generated from the command table.
+#define ZDL_IMPLEMENTED(name) int ZA_##name(std::vector<unsigned char>& data, std::string& firm);
+#include "api/Implemented.def"
+#undef ZDL_IMPLEMENTED
+
   // The firm's change lines, each followed by "\r\n"; the list is emptied.
   // The caller holds g_Locker.
   std::string m_DEALLIB_PACKET_CHANGE_map_To_Str(std::string& firm);
@@ -62,6 +67,9 @@ class CExecDealerAPI {
   std::map<std::string, THandler> m_mapFunctions;                              // command name -> handler
 
  protected:
+  // Puts every registered command into m_mapFunctions under its name.
+  void RegisterCommands();
+
   // Appends a change line of a successful change under the firm the caller holds.
   void AddChangeLine(const std::string& firm, std::string line);
 };

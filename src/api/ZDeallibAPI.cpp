@@ -34,3 +34,13 @@ int ZDL_FinishWorkWithFirm(const char* firm) {
 int ZDL_SaveSettingsToFile(const char* firm, const char* /*path*/) {
   return m_firmManager.GetInfoStorage(firm) == nullptr ? ZDL_FIRM_NOT_LOADED : ZDL_OK;
 }
+
+int ZDL_GetUsePGOFromGlobal(const char* firm, bool* value) {
+  TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);
+  return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->GetUsePGOFromGlobal(value);
+}
+
+int ZDL_SetUsePGOToGlobal(const char* firm, int value) {
+  TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);
+  return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->SetUsePGOToGlobal(value);
+}

@@ -28,3 +28,12 @@ TFirmManager& ZDL_GetFirmManager();
 // Tells whether the firm is loaded (0) or not (2). It writes nothing: a firm's
 // text goes out only through ZDL_SaveSettingsToMemory.
 [[nodiscard]] int ZDL_SaveSettingsToFile(const char* firm, const char* path);
+
+// ---- General section, direct parameters ----
+
+// Whether "UsePGO" of section "General" is set: 3 for a null value, 4 when the
+// section is missing; a missing parameter reads as false with result 0.
+[[nodiscard]] int ZDL_GetUsePGOFromGlobal(const char* firm, bool* value);
+// 1 sets "UsePGO" to "1" (creating "General" if needed), 0 erases it; any
+// other value is refused with 3.
+[[nodiscard]] int ZDL_SetUsePGOToGlobal(const char* firm, int value);

@@ -43,3 +43,7 @@ int TInfoStorage::SaveSettingsToMemory(char** out) { return m_impl->hub->SaveSet
 int TInfoStorage::FreeMemory(void** p) { return m_impl->hub->GetMemory().FreeMemory(p); }
 
 TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
+
+int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }
+
+int TInfoStorage::SetUsePGOToGlobal(int value) { return m_impl->hub->SetUsePGOToGlobal(value); }

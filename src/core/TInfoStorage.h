@@ -30,6 +30,10 @@ class TInfoStorage {
   // or unknown *p, 0 with *p nulled on success.
   [[nodiscard]] int FreeMemory(void** p);
 
+  // "UsePGO" of section "General", read and written in the section map.
+  [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
+  [[nodiscard]] int SetUsePGOToGlobal(int value);
+
   TStorageHub& Hub() const;
 
  private:

@@ -1,5 +1,6 @@
 #include "core/TStorageHub.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <streambuf>
@@ -13,6 +14,9 @@ constexpr int kSourceFile = 1;  // the name is a path
 constexpr int kSourceText = 2;  // the name is the whole text
 
 constexpr char kCommentChar = ';';
+
+constexpr const char* kGeneralSection = "General";
+constexpr const char* kUsePGOParam = "UsePGO";
 
 // Reads a text in memory as a stream, without copying it.
 class TMemoryStreamBuf : public std::streambuf {
@@ -51,5 +55,24 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   char* block = m_memory.ConstructString(text.size() + 1);
   std::memcpy(block, text.data(), text.size());
   *out = block;
+  return ZDL_OK;
+}
+
+int TStorageHub::GetUsePGOFromGlobal(bool* value) const {
+  if (value == nullptr) return ZDL_BAD_ARGUMENT;
+  auto general = m_sections.find(kGeneralSection);
+  if (general == m_sections.end()) return ZDL_NOT_FOUND;
+  auto param = general->second.find(kUsePGOParam);
+  *value = param != general->second.end() && std::strtol(param->second.c_str(), nullptr, 10) != 0;
+  return ZDL_OK;
+}
+
+int TStorageHub::SetUsePGOToGlobal(int value) {
+  if (value < 0 || value > 1) return ZDL_BAD_ARGUMENT;
+  DL::TIniKeyMap& general = m_sections[kGeneralSection];
+  if (value == 1)
+    general[kUsePGOParam] = "1";
+  else
+    general.erase(kUsePGOParam);
   return ZDL_OK;
 }

@@ -31,6 +31,11 @@ class TStorageHub {
   // Keys of the first ClientCval section.
   const DL::TIniClientValueMap& GetClientValues() const { return m_clientValues; }
 
+  // "UsePGO" of section "General", a raw parameter of the section map: an edit
+  // is seen by the next read and the next save.
+  [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
+  [[nodiscard]] int SetUsePGOToGlobal(int value);
+
   // The whole settings text in canonical form, as a zero-terminated string of
   // this firm's memory (*out; give it back with FreeMemory). 0 on success, 3
   // for a null out. The hub is not changed.
