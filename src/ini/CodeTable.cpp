@@ -2,6 +2,8 @@
 
 #include <cctype>
 
+#include "support/Errors.h"
+
 namespace DL {
 namespace {
 
@@ -58,6 +60,12 @@ std::string FillPriceTypeTables(std::span<const TCodeName> rows, std::size_t row
   const std::string holes = EmptyRowNumbers(byNumber, 1);
   if (!holes.empty()) errors += "Not filled \"Price Types\" with numbers: " + holes + ".";
   return errors;
+}
+
+void ThrowIfCodeTableErrors(std::initializer_list<std::string> texts) {
+  CErrors errors;
+  for (const std::string& text : texts) errors += text;
+  ThrowExceptionIfErrorsOccurred(errors);
 }
 
 }  // namespace DL

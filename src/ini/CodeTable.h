@@ -4,6 +4,7 @@
 // number and refuses a table in which some number has no name, since every
 // layer names sections and parameters through these numbers.
 #include <cstddef>
+#include <initializer_list>
 #include <map>
 #include <span>
 #include <string>
@@ -37,5 +38,10 @@ std::string FillCodeTable(std::span<const TCodeName> rows, std::size_t rowCount,
 std::string FillPriceTypeTables(std::span<const TCodeName> rows, std::size_t rowCount,
                                 std::map<std::string, int>& byName,
                                 std::vector<std::string>& byNumber);
+
+// Gathers the texts of the fillers into one CErrors and throws it when any
+// is not empty: a hole in a table is a fault of the program and stops every
+// parser from being built.
+void ThrowIfCodeTableErrors(std::initializer_list<std::string> texts);
 
 }  // namespace DL

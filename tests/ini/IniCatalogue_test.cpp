@@ -12,6 +12,7 @@
 
 #include "ini/CodeTable.h"
 #include "ini/TIniParser.h"
+#include "support/Errors.h"
 
 namespace {
 
@@ -136,14 +137,7 @@ int Find(const std::vector<std::string>& table, const std::string& name) {
 
 class IniCatalogueTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    ASSERT_EQ(TIniParser::SetIniSectionCodes(), "");
-    ASSERT_EQ(TIniParser::SetPartIniSectionCodes(), "");
-    ASSERT_EQ(TIniParser::SetIniParamCodes(), "");
-    ASSERT_EQ(TIniParser::SetPartIniParamCodes(), "");
-    ASSERT_EQ(TIniParser::SetPriceTypes(), "");
-    TIniParser::SetSupParamAndSectCodes();
-  }
+  void SetUp() override { TIniParser::FillCodeTables(); }
 };
 
 TEST_F(IniCatalogueTest, EverySectionNameStandsAtItsNumberAndBack) {
@@ -346,6 +340,39 @@ TEST(CodeTableTest, PriceTypesFilledOnceAreLeftAlone) {
   std::vector<std::string> byNumber{"", "X"};
   EXPECT_EQ(DL::FillPriceTypeTables(rows, 2, byName, byNumber), "");
   EXPECT_EQ(byNumber[1], "X");
+}
+
+TEST(CodeTableTest, HoleStopsTheStartWithCErrorsNamingEveryTable) {
+  const DL::TCodeName sectRows[] = {{0, "General"}, {2, "ClientCval"}};
+  const DL::TCodeName paramRows[] = {{1, "Clients"}};
+  std::vector<std::string> sect, sectUp, param, paramUp;
+  const std::string sectText =
+      DL::FillCodeTable(sectRows, 3, "Not filled ini-section codes with numbers: ", sect, sectUp);
+  const std::string paramText =
+      DL::FillCodeTable(paramRows, 2, "Not filled ini-parameter codes with numbers: ", param, paramUp);
+  try {
+    DL::ThrowIfCodeTableErrors({sectText, "", paramText});
+    FAIL() << "a table with a hole must stop the start";
+  } catch (const CErrors& e) {
+    EXPECT_EQ(e.Message(),
+              "Not filled ini-section codes with numbers: 1.\n"
+              "Not filled ini-parameter codes with numbers: 0.\n");
+  }
+}
+
+TEST(CodeTableTest, WholeTablesDoNotThrow) {
+  EXPECT_NO_THROW(DL::ThrowIfCodeTableErrors({"", "", "", "", ""}));
+}
+
+TEST(CodeTableTest, FillingTwiceKeepsTheFirstTables) {
+  TIniParser::FillCodeTables();
+  const std::string* first = &TIniParser::GetIniSectCode(DL::iscGeneral);
+  const auto sup = TIniParser::supParamAndSectCodes_;
+  TIniParser::FillCodeTables();
+  EXPECT_EQ(first, &TIniParser::GetIniSectCode(DL::iscGeneral));
+  EXPECT_EQ(TIniParser::m_iniSectCodes.size(), 109u);
+  EXPECT_EQ(TIniParser::supParamAndSectCodes_.size(), sup.size());
+  EXPECT_EQ(TIniParser::supParamAndSectCodes_[1].size(), sup[1].size());
 }
 
 }  // namespace
