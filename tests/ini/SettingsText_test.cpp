@@ -167,6 +167,11 @@ TEST_F(SettingsTextTest, LaterRunOfClientCvalIsAnOrdinarySection) {
               {{"A", {{"k", "1"}}}, {"ClientCval", {{"C1", "9"}, {"C2", "2"}}}}, {{"C1", "1"}});
 }
 
+TEST_F(SettingsTextTest, ClientValueSectionIsSectionCode20) {
+  EXPECT_EQ(DL::kClientCvalSectionName, "ClientCval");
+  EXPECT_EQ(DL::kClientCvalSectionName, DL::IniSectName(static_cast<DL::EIniSectCodeNum>(20)));
+}
+
 TEST_F(SettingsTextTest, NullSectionsMapReadsNothing) {
   std::istringstream in("[A]\nk=1\n");
   DL::TIniClientValueMap values{{"x", "1"}};
