@@ -2,10 +2,12 @@
 
 #include <vector>
 
+#include "api/ZDeallibAPI.h"
 #include "host/TextResources.h"
 #include "host/ZENT_DL.h"
 #include "support/HostEvent.h"
 #include "support/HostModule.h"
+#include "support/LinuxUtils.h"
 #include "support/WinFile.h"
 
 namespace {
@@ -66,6 +68,38 @@ bool ReadWholeFile(const std::string& path, std::string* text) {
 bool IsWritable(const std::string& path) {
   Library::WinFile::CFile file(path, GENERIC_WRITE, OPEN_EXISTING, false);
   return file.IsValid();
+}
+
+// The library name's settings, loaded from the client's text and saved again:
+// the canonical form that goes to disk. 0, or the settings code that failed.
+// The firm is finished whatever happened, so the verb leaves no settings loaded.
+int NormaliseLibraryText(const std::string& firm, std::string* text) {
+  int n = ZDL_LoadSettingsForFirm(firm.c_str(), text->c_str(), 2);
+  if (n == 0) {
+    char* block = nullptr;
+    n = ZDL_SaveSettingsToMemory(firm.c_str(), &block);
+    if (n == 0) {
+      text->assign(block);  // up to its first zero byte
+      void* given = block;
+      (void)ZDL_FreeMemory(firm.c_str(), &given);
+    }
+  }
+  if (n != 0) Library::Host::Event(0, "Failed to ordered DlLib in memory[%d]", n);
+  (void)ZDL_FinishWorkWithFirm(firm.c_str());
+  return n;
+}
+
+// Writes the text next to the library and moves it over the library; the
+// guard, held open since the start, is closed first. False on any failure;
+// a failed move leaves the temporary file behind.
+bool ReplaceLibrary(const std::string& path, const std::string& text, Library::WinFile::CFile& guard) {
+  const std::string temporary = path + ".temp";
+  Library::WinFile::CFile out(temporary, GENERIC_WRITE, CREATE_ALWAYS, false);
+  if (!out.IsValid()) return false;
+  if (!out.Write(text.data(), static_cast<unsigned>(text.size()))) return false;
+  guard.Close();
+  out.Close();
+  return MoveFileEx(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 }  // namespace
@@ -177,5 +211,67 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
                        user, port, request.firm.c_str(), readOnly, static_cast<int>(text.size()), state.user,
                        state.busy);
   NotifyDLUserConnected(user, port, -1);
+  return 1;
+}
+
+int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int port, std::string userName) {
+  FileRequest request = ReadFileRequest(message);
+  message.clear();
+  const std::string path = work->mapLibrary[request.firm];
+
+  if (kind == kUserWithoutRight) {
+    Library::Host::Event(0,
+                         "Failed to save the file DL-library [%s] UserID[%d] Port[%d]: Sufficient permission to "
+                         "perform this operation",
+                         path.c_str(), user, port);
+    ReleaseLibrary(work, path, user, port);
+    WriteRefusal(message, "SaveDLFile", work, user);
+    return 0;
+  }
+
+  std::string text = request.data;
+  int cancel = request.cancel;
+  Library::Host::Event(0, "User[%d], call in SaveDLFile for port[%d], library name[%s]cancel[%d]size[%d].", user,
+                       port, request.firm.c_str(), cancel, static_cast<int>(text.size()));
+
+  // The library stays open for writing from here to the move, without being
+  // truncated: it must exist and be writable, and it is never cut short.
+  Library::WinFile::CFile guard(path, GENERIC_WRITE, OPEN_EXISTING, false);
+  const int holder = work->mapFileState[path].user;
+  if (!guard.IsValid()) {
+    cancel = 1;
+    Library::Host::Event(0, "Can not open file for write [%s][%d]", path.c_str(), static_cast<int>(GetLastError()));
+  } else if (holder != user) {
+    // The client's cancel value goes back as it came, though nothing is stored.
+    Library::Host::Event(0, "Library use by another user [%s][%d][%d]", path.c_str(), holder, user);
+  } else if (cancel == 0) {
+    bool stored = false;
+    if (NormaliseLibraryText(request.firm, &text) != 0) {
+      cancel = 1;
+    } else if (!ReplaceLibrary(path, text, guard)) {
+      cancel = 1;
+    } else {
+      stored = true;
+      std::vector<std::string> fields = Library::Host::NewAuditRecord();
+      fields[0] = userName;
+      fields[1] = std::to_string(user);
+      fields[2] = request.firm;
+      fields[3] = Library::Host::ThreadIdText();
+      fields[20] = text;
+      std::string event = "SRV_USER_BO_DEALLIB_CHANGE";
+      audit_DEALLIB_CHANGE(port, user, event, fields);
+    }
+    if (!stored)
+      Library::Host::Event(0, "Failed to save the new file DL-library [%s][%d][%d][%d]", path.c_str(), user,
+                           guard.IsValid() ? 1 : 0, static_cast<int>(GetLastError()));
+  }
+
+  message << cancel << request.firm;
+  const tagDL_fileState& state = work->mapFileState[path];
+  Library::Host::Event(0,
+                       "User[%d], call out SaveDLFile for port[%d], library name[%s]cancel[%d]size[%d]user[%d]busy[%d].",
+                       user, port, request.firm.c_str(), cancel, static_cast<int>(text.size()), state.user, state.busy);
+  // Ends the hold whoever had it, also after a refusal of another user's save.
+  ReleaseLibrary(work, path, user, port);
   return 1;
 }

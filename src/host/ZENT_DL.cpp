@@ -140,6 +140,7 @@ ZDL_EXPORT int Execute(const std::string& command, CAlert& message, int user, in
   if (strcasecmp(verb, "Init") == 0) return UserInit(message, user, kind, work, port, userName);
   if (strcasecmp(verb, "GetDLList") == 0) return GetDLList(message, user, work);
   if (strcasecmp(verb, "GetDLFile") == 0) return GetDLFile(message, user, kind, work, port, userName);
+  if (strcasecmp(verb, "SaveDLFile") == 0) return SaveDLFile(message, user, kind, work, port, userName);
   if (strcasecmp(verb, "ZDealerAPI") == 0) {
     // A request is (command name, argument block); the reply is (name, result, block).
     std::string name;
