@@ -2,6 +2,7 @@
 // parameters per section group, and the fillers that check them.
 #include <span>
 
+#include "core/ZDLErrors.h"
 #include "ini/CodeTable.h"
 #include "ini/TIniParser.h"
 
@@ -115,11 +116,11 @@ const std::string& TIniParser::GetPriceTypeString(int type) {
 
 int TIniParser::GetPartIniSectCodeNum__XXX_Template(EPartIniSectCodeNum& code, int type) {
   switch (type) {
-    case TemplateClient: code = psc_Client_Template; return 0;
-    case TemplateCommissionScale: code = psc_CommissionScale_Template; return 0;
-    case TemplateMargin: code = psc_Margin_Template; return 0;
-    case TemplateRestriction: code = psc_Restriction_Template; return 0;
-    default: return 4;
+    case TemplateClient: code = psc_Client_Template; return ZDL_OK;
+    case TemplateCommissionScale: code = psc_CommissionScale_Template; return ZDL_OK;
+    case TemplateMargin: code = psc_Margin_Template; return ZDL_OK;
+    case TemplateRestriction: code = psc_Restriction_Template; return ZDL_OK;
+    default: return ZDL_NOT_FOUND;
   }
 }
 
