@@ -1,5 +1,6 @@
 #include "ini/TIniLogicParser.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "core/DLFunctionHelpers.h"
@@ -48,16 +49,32 @@ const std::string& TIniLogicParser::Personal(TLogicFindResults& r, const std::st
   return r.personal;
 }
 
+const std::vector<std::size_t>& TIniLogicParser::TemplateCandidates(const std::string& beginning,
+                                                                     const std::string& ending) const {
+  const std::uint64_t generation = m_parser.GetSectionNamesGeneration();
+  std::string begUp = StrUpper(beginning);
+  std::string endUp = StrUpper(ending);
+  if (generation == m_candidatesGeneration && begUp == m_candidatesBegUp && endUp == m_candidatesEndUp)
+    return m_candidates;
+  m_candidates.clear();
+  const std::vector<std::string>& upper = m_parser.GetIniSectionNamesUpperOrdered();
+  const std::size_t n = std::min(upper.size(), m_parser.GetIniSectionNamesNotUpper().size());
+  for (std::size_t i = 0; i < n; ++i)
+    if (HasBeginningAndEnding(upper[i], begUp, endUp)) m_candidates.push_back(i);
+  m_candidatesGeneration = generation;
+  m_candidatesBegUp = std::move(begUp);
+  m_candidatesEndUp = std::move(endUp);
+  return m_candidates;
+}
+
 const std::string& TIniLogicParser::Template(TLogicFindResults& r, const std::string& client,
                                              const std::string& beginning, const std::string& ending) const {
   if (r.templ != TLogicFindResults::kNotSearched) return r.templ;
-  const std::string begUp = StrUpper(beginning);
-  const std::string endUp = StrUpper(ending);
+  // The sections qualify in sorted name order; the first that lists the
+  // client wins.
   const std::vector<std::string>& names = m_parser.GetIniSectionNamesNotUpper();
-  const std::vector<std::string>& upper = m_parser.GetIniSectionNamesUpperOrdered();
   std::string found;
-  for (std::size_t i = 0; i < names.size() && i < upper.size(); ++i) {
-    if (!HasBeginningAndEnding(upper[i], begUp, endUp)) continue;
+  for (const std::size_t i : TemplateCandidates(beginning, ending)) {
     if (m_parser.FindTemplateString(names[i], client)) {
       found = names[i];
       break;

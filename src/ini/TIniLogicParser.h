@@ -19,6 +19,8 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "ini/TIniParser.h"
@@ -119,8 +121,15 @@ class TIniLogicParser {
   // restriction template listing the client.
   TResolvedSection ResolveRestrictionTemplate(const std::string& client, std::int32_t scaledLeverage) const;
 
+  // Hash and equality of the memo, accepting a string view for lookups.
+  struct TClientHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>()(s); }
+  };
+  using TResultsMemo = std::unordered_map<std::string, TLogicFindResults, TClientHash, std::equal_to<>>;
+
   TIniParser& Parser() const { return m_parser; }
-  const std::map<std::string, TLogicFindResults, std::less<>>& Memo() const { return m_results; }
+  const TResultsMemo& Memo() const { return m_results; }
 
  private:
   using TLeverageMap = std::map<std::int32_t, std::string>;
@@ -135,11 +144,19 @@ class TIniLogicParser {
   const std::string& Prefix(TLogicFindResults& r, const std::string& client, const std::string& beginning,
                             const std::string& ending, int searchMode) const;
 
+  // The indexes, into the parser's name vectors, of the sections that begin
+  // and end as given: the candidates of the template search, derived once per
+  // generation of the names.
+  const std::vector<std::size_t>& TemplateCandidates(const std::string& beginning, const std::string& ending) const;
+
   TIniParser& m_parser;
-  mutable std::map<std::string, TLogicFindResults, std::less<>> m_results;
+  mutable TResultsMemo m_results;
   mutable TLeverageMap m_clientTemplateByLeverage;
   mutable TLeverageMap m_restrictionTemplateByLeverage;
   mutable std::string m_nameUp;  // scratch of the prefix search
+  mutable std::string m_candidatesBegUp, m_candidatesEndUp;
+  mutable std::uint64_t m_candidatesGeneration = ~std::uint64_t{0};
+  mutable std::vector<std::size_t> m_candidates;
 };
 
 }  // namespace DL

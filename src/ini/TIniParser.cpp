@@ -80,6 +80,7 @@ int TIniParser::Init(const char* source, int mode, char comment, unsigned /*flag
 }
 
 void TIniParser::InitSectionNames() {
+  ++m_namesGeneration;
   m_sectionNamesUp.clear();
   m_sectionNamesUpOrdered.clear();
   m_sectionNames.clear();
@@ -568,6 +569,7 @@ TIniParser::TSectionIt TIniParser::CreateSectionUngrouped(const std::string& nam
   auto it = m_sections.find(name);
   if (it != m_sections.end()) return it;
   it = m_sections.emplace(name, TKeyMap()).first;
+  ++m_namesGeneration;
   m_sectionNames.push_back(name);
   m_sectionNamesUp.push_back(StrUpper(name));
   m_sectionNamesUpOrdered.push_back(m_sectionNamesUp.back());

@@ -131,6 +131,24 @@ TEST_F(TIniLogicParserTest, ClientListedInTwoTemplatesGetsTheSortedFirst) {
   EXPECT_EQ(logic.TemplateClientSection("C1", "cl", "_Client_Template"), "clAA_Client_Template");
 }
 
+TEST_F(TIniLogicParserTest, TemplateAddedAfterASearchIsSeenOnceTheNamesAreSorted) {
+  Load("[clT_Client_Template]\nClients=C1\n");
+  EXPECT_EQ(logic.TemplateClientSection("C1", "cl", "_Client_Template"), "clT_Client_Template");
+  parser.AddIniSection("clU_Client_Template", {{"Clients", "C2"}});
+  EXPECT_EQ(logic.TemplateClientSection("C2", "cl", "_Client_Template"), "");  // names not sorted yet
+  parser.InitSectionNames();
+  EXPECT_EQ(logic.TemplateClientSection("C3", "cl", "_Client_Template"), "");
+  TIniLogicParser fresh(parser);
+  EXPECT_EQ(fresh.TemplateClientSection("C2", "cl", "_Client_Template"), "clU_Client_Template");
+}
+
+TEST_F(TIniLogicParserTest, TemplateSectionCreatedBySetIniParamJoinsTheSearch) {
+  Load("[clT_Client_Template]\nClients=C1\n");
+  EXPECT_EQ(logic.TemplateClientSection("C1", "cl", "_Client_Template"), "clT_Client_Template");
+  parser.SetIniParam(std::string("clV_Client_Template"), "Clients", "C4");
+  EXPECT_EQ(logic.TemplateClientSection("C4", "cl", "_Client_Template"), "clV_Client_Template");
+}
+
 TEST_F(TIniLogicParserTest, StarMarginSectionCatchesEveryClientWithoutABetterOne) {
   Load("[cl*_Margin]\nA=1\n[clC1_Margin]\nA=1\n");
   EXPECT_EQ(logic.PrefixClientSection("ANY", "cl", "_Margin", 1), "cl*_Margin");
