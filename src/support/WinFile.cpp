@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "support/Buffer.h"
+
 namespace {
 
 // Open flags for an access and a creation value; see the enums in the header.
@@ -222,6 +224,24 @@ BOOL CFile::Read(void* to, unsigned n) {
     if (!ReadFile(m_handle, p + done, n - done, &got, nullptr)) return 0;
     if (got == 0) return 0;  // the file ended first
     done += got;
+  }
+  return 1;
+}
+
+BOOL CFile::Write(const void* from, unsigned n) {
+  Lock lock(m_mutex);
+  if (m_handle == INVALID_HANDLE_VALUE) return 0;
+  // The bytes go through a buffer of their own whose read position marks
+  // what is out; short writes simply continue from there.
+  Library::TBuffer pending(from, n);
+  while (pending.size() > 0) {
+    DWORD written = 0;
+    if (!WriteFile(m_handle, pending.data(), static_cast<DWORD>(pending.size()), &written, nullptr)) return 0;
+    if (written == 0) {  // a file that takes nothing would loop for ever
+      SetLastError(EIO);
+      return 0;
+    }
+    pending.skip(written);
   }
   return 1;
 }

@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <thread>
+#include <vector>
 
 #include "support/TempDir.h"
 
@@ -501,6 +503,93 @@ TEST_F(WinFileTest, CFileDeleteOfAGoneFileFails) {
   SetLastError(0);
   EXPECT_EQ(file.Delete(), 0);
   EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOENT));
+}
+
+TEST_F(WinFileTest, CFileWriteWritesAllBytesAtThePosition) {
+  std::string path = dir.File("a");
+  WriteBytes(path, "0123456789");
+  CFile file(path, GENERIC_WRITE, OPEN_EXISTING, false);
+  ASSERT_EQ(file.Seek(2, FILE_BEGIN), 1);
+  EXPECT_EQ(file.Write("abc", 3), 1);
+  file.Close();
+  EXPECT_EQ(ReadBytes(path), "01abc56789");
+}
+
+TEST_F(WinFileTest, CFileWithSeekEndWritesAfterTheContent) {
+  std::string path = dir.File("a");
+  WriteBytes(path, "head");
+  CFile file(path, GENERIC_WRITE, OPEN_EXISTING, true);
+  EXPECT_EQ(file.Write("tail", 4), 1);
+  file.Close();
+  EXPECT_EQ(ReadBytes(path), "headtail");
+}
+
+TEST_F(WinFileTest, CFileWriteOfALargeBlock) {
+  std::string path = dir.File("a");
+  std::string block(5 * 1024 * 1024 + 7, '\0');
+  for (size_t i = 0; i < block.size(); ++i) block[i] = static_cast<char>(i * 131 % 251);
+  CFile file(path, GENERIC_WRITE, CREATE_ALWAYS, false);
+  EXPECT_EQ(file.Write(block.data(), static_cast<unsigned>(block.size())), 1);
+  EXPECT_EQ(file.Size(), static_cast<std::int64_t>(block.size()));
+  file.Close();
+  EXPECT_EQ(ReadBytes(path), block);
+}
+
+TEST_F(WinFileTest, CFileWriteOfNothingSucceedsOnAnOpenFile) {
+  std::string path = dir.File("a");
+  CFile file(path, GENERIC_WRITE, CREATE_ALWAYS, false);
+  EXPECT_EQ(file.Write("", 0), 1);
+  EXPECT_EQ(file.Size(), 0);
+}
+
+TEST_F(WinFileTest, CFileWriteOnAClosedFileFails) {
+  std::string path = dir.File("a");
+  CFile file(path, GENERIC_WRITE, CREATE_ALWAYS, false);
+  file.Close();
+  EXPECT_EQ(file.Write("x", 1), 0);
+  EXPECT_EQ(file.Write("", 0), 0);
+  CFile missing(dir.File("missing"), GENERIC_WRITE, OPEN_EXISTING, false);
+  EXPECT_EQ(missing.Write("x", 1), 0);
+}
+
+TEST_F(WinFileTest, CFileWriteOnAReadOnlyFileFails) {
+  std::string path = dir.File("a");
+  WriteBytes(path, "abc");
+  CFile file(path, GENERIC_READ, OPEN_EXISTING, false);
+  SetLastError(0);
+  EXPECT_EQ(file.Write("x", 1), 0);
+  EXPECT_EQ(GetLastError(), static_cast<DWORD>(EBADF));
+  EXPECT_EQ(ReadBytes(path), "abc");
+}
+
+TEST_F(WinFileTest, CFileWriteToAFullDeviceFails) {
+  if (::access("/dev/full", W_OK) != 0) GTEST_SKIP() << "/dev/full is not available";
+  CFile file("/dev/full", GENERIC_WRITE, OPEN_EXISTING, false);
+  ASSERT_TRUE(file.IsValid());
+  SetLastError(0);
+  EXPECT_EQ(file.Write("x", 1), 0);
+  EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOSPC));
+}
+
+TEST_F(WinFileTest, CFileSharedByThreadsKeepsEachWriteWhole) {
+  std::string path = dir.File("a");
+  CFile file(path, FILE_APPEND_DATA, CREATE_ALWAYS, false);
+  std::vector<std::thread> threads;
+  for (int t = 0; t < 4; ++t)
+    threads.emplace_back([&file, t] {
+      std::string record(1000, static_cast<char>('a' + t));
+      record.back() = '\n';
+      for (int i = 0; i < 50; ++i) file.Write(record.data(), static_cast<unsigned>(record.size()));
+    });
+  for (std::thread& t : threads) t.join();
+  file.Close();
+  std::string text = ReadBytes(path);
+  ASSERT_EQ(text.size(), 4u * 50u * 1000u);
+  for (size_t at = 0; at < text.size(); at += 1000) {
+    char c = text[at];
+    EXPECT_EQ(text.substr(at, 999), std::string(999, c));
+    EXPECT_EQ(text[at + 999], '\n');
+  }
 }
 
 TEST_F(WinFileTest, CFileClosesInItsDestructor) {
