@@ -49,7 +49,7 @@ std::string FillPriceTypeTables(std::span<const TCodeName> rows, std::size_t row
   if (byName.size() + 1 != rowCount) errors += "Not filled \"Price Type -> Price Type Id\".\n";
   byNumber.assign(rowCount, std::string());
   PlaceRows(rows, byNumber);
-  byNumber[0].clear();  // number 0 is "no price type"
+  if (!byNumber.empty()) byNumber[0].clear();  // number 0 is "no price type"
   const std::string holes = EmptyRowNumbers(byNumber, 1);
   if (!holes.empty()) errors += "Not filled \"Price Types\" with numbers: " + holes + ".";
   return errors;
