@@ -1,17 +1,10 @@
 #include "ini/CodeTable.h"
 
-#include <cctype>
-
+#include "core/DLFunctionHelpers.h"
 #include "support/Errors.h"
 
 namespace DL {
 namespace {
-
-std::string Upper(std::string_view s) {  // TEMP until DL::StrUpper is merged
-  std::string r(s);
-  for (char& c : r) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return r;
-}
 
 // ", "-joined numbers of the empty rows from `first` on; empty if none.
 std::string EmptyRowNumbers(const std::vector<std::string>& table, std::size_t first) {
@@ -43,7 +36,7 @@ std::string FillCodeTable(std::span<const TCodeName> rows, std::size_t rowCount,
   const std::string holes = EmptyRowNumbers(table, 0);
   if (!holes.empty()) return std::string(message) + holes + ".";
   tableUp.resize(table.size());
-  for (std::size_t i = 0; i < table.size(); ++i) tableUp[i] = Upper(table[i]);
+  for (std::size_t i = 0; i < table.size(); ++i) tableUp[i] = StrUpper(table[i]);
   return {};
 }
 
@@ -56,7 +49,7 @@ std::string FillPriceTypeTables(std::span<const TCodeName> rows, std::size_t row
   if (byName.size() + 1 != rowCount) errors += "Not filled \"Price Type -> Price Type Id\".\n";
   byNumber.assign(rowCount, std::string());
   PlaceRows(rows, byNumber);
-  byNumber[0].clear();  // number 0 is "no price type"
+  if (!byNumber.empty()) byNumber[0].clear();  // number 0 is "no price type"
   const std::string holes = EmptyRowNumbers(byNumber, 1);
   if (!holes.empty()) errors += "Not filled \"Price Types\" with numbers: " + holes + ".";
   return errors;

@@ -9,22 +9,14 @@
 #include "core/DLTypes.h"
 #include "core/misc.h"
 #include "ini/CodeTable.h"
-#include "support/StringUtils.h"
+#include "core/DLFunctionHelpers.h"
+#include "core/ZDLErrors.h"
 
 namespace DL {
 namespace {
 
-// Upper-case copy, folding the ASCII letters only as the settings maps do.
-std::string StrUpper(std::string_view s) {
-  std::string up(s);
-  for (char& c : up) c = ToUpperAscii(c);
-  return up;
-}
-
 // A ","-separated list, items trimmed, empty items dropped.
-std::vector<std::string> SplitList(const std::string& text) {
-  return Library::Utils::ParseStrToVector(text, ',', false);
-}
+std::vector<std::string> SplitList(std::string_view text) { return BoardListToVector(text, ',', false); }
 
 const std::string& Part(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCode(code); }
 const std::string& PartUp(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCodeUp(code); }
@@ -88,6 +80,7 @@ int TIniParser::Init(const char* source, int mode, char comment, unsigned /*flag
 }
 
 void TIniParser::InitSectionNames() {
+  ++m_namesGeneration;
   m_sectionNamesUp.clear();
   m_sectionNamesUpOrdered.clear();
   m_sectionNames.clear();
@@ -218,12 +211,7 @@ void TIniParser::ClearGroups() {
 
 void TIniParser::DivideSectionsIntoGroups() {
   ClearGroups();
-  for (const auto& group : supParamAndSectCodes_)
-    for (const TSupParamAndSectCodes& row : group)
-      if (row.sectCode >= 0 && row.sectCode < iscCount) {
-        const auto code = static_cast<EIniSectCodeNum>(row.sectCode);
-        supGlobSectCodeUpToSectCodes_.emplace(GetIniSectCodeUp(code), GetIniSectCode(code));
-      }
+  FillKnownGlobalSections();
   for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
   for (const auto& [up, name] : supGlobSectCodeUpToSectCodes_) m_globalSections.emplace(name, m_sections.end());
 }
@@ -562,12 +550,12 @@ int TIniParser::GetSectionFromParser(const std::string& text, bool contains, TSe
     for (const auto& section : m_sections)
       if (StrUpper(section.first).find(textUp) != std::string::npos) out.insert(section);
   }
-  return out.empty() ? 4 : 0;
+  return out.empty() ? ZDL_NOT_FOUND : ZDL_OK;
 }
 
 int TIniParser::GetSectionDictionary(int type, TGlobalSectionsMap*& out) {
   out = type == SectGlobal ? &m_globalSections : nullptr;
-  return 0;
+  return ZDL_OK;
 }
 
 // ---- Editing ----
@@ -576,6 +564,7 @@ TIniParser::TSectionIt TIniParser::CreateSectionUngrouped(const std::string& nam
   auto it = m_sections.find(name);
   if (it != m_sections.end()) return it;
   it = m_sections.emplace(name, TKeyMap()).first;
+  ++m_namesGeneration;
   m_sectionNames.push_back(name);
   m_sectionNamesUp.push_back(StrUpper(name));
   m_sectionNamesUpOrdered.push_back(m_sectionNamesUp.back());
@@ -626,23 +615,23 @@ void TIniParser::ChangeIniParamValueListByKey(TKeyMap& keys, const std::string& 
 
 int TIniParser::SetTemplateParamToAllLimitKinds(int type, const std::string& templ, EIniParamCodeNum param,
                                                 const std::string& value) {
-  if (templ.empty()) return 3;
+  if (templ.empty()) return ZDL_BAD_ARGUMENT;
   EPartIniSectCodeNum ending = pscCount;
-  if (type < 0 || GetPartIniSectCodeNum__XXX_Template(ending, type) != 0) return 15;
+  if (type < 0 || GetPartIniSectCodeNum__XXX_Template(ending, type) != ZDL_OK) return ZDL_TEMPLATE_NOT_EXIST;
   const std::string section = ComposeTemplateSection(templ, ending);
   auto it = m_sections.find(section);
   if (type == TemplateCommissionScale && it == m_sections.end()) {
     SetIniParam(section, GetIniParamCode(ipcClients), std::string());
     it = m_sections.find(section);
     AddSectionIntoSectionsGroup(it);
-    if (it == m_sections.end()) return 15;
+    if (it == m_sections.end()) return ZDL_TEMPLATE_NOT_EXIST;
   }
   const std::string& key = GetIniParamCode(param);
   SetIniParam(it, key, value);
   const std::string twinUp = StrUpper(section + Part(psc_LimitKind_));
   for (auto twin = m_sections.begin(); twin != m_sections.end(); ++twin)
     if (StartsWith(StrUpper(twin->first), twinUp)) SetIniParam(twin, key, value);
-  return 0;
+  return ZDL_OK;
 }
 
 void TIniParser::ReloadRestrictionsTemplates(const TIniParser& other) {

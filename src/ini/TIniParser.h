@@ -121,8 +121,12 @@ class TIniParser {
   static std::string SetIniParamCodes();
   static std::string SetPartIniParamCodes();
   static std::string SetPriceTypes();
-  // Fills supParamAndSectCodes_ from its table when still empty.
+  // Fills supParamAndSectCodes_ from its table when still empty, and the
+  // known global sections from it.
   static void SetSupParamAndSectCodes();
+  // Enters every section named in supParamAndSectCodes_ into
+  // supGlobSectCodeUpToSectCodes_ (upper-case name to name).
+  static void FillKnownGlobalSections();
   // Runs the five fillers and SetSupParamAndSectCodes; throws CErrors with
   // every message when a table has a hole. Called by Init.
   static void FillCodeTables();
@@ -355,6 +359,10 @@ class TIniParser {
   const TClientToMarginTemplateMap& GetMarginTemplateWithClientCodeSettings() const { return m_marginTemplatesByClient; }
   const TClientSectionsMap& GetRestrictionTemplateSettings() const { return m_restrictionTemplates; }
   const std::string& GetListSeparator() const { return m_listSeparator; }
+  // Changes whenever the name vectors change (InitSectionNames, a section
+  // created by SetIniParam), so that a reader may keep what it derived from
+  // them until then.
+  std::uint64_t GetSectionNamesGeneration() const { return m_namesGeneration; }
   // A default that outlives every call, for the by-reference getters.
   static const std::string& EmptyString();
 
@@ -393,6 +401,7 @@ class TIniParser {
   std::vector<std::string> m_sectionNamesUp;         // sorted upper names
   std::vector<std::string> m_sectionNamesUpOrdered;  // upper forms in the order of m_sectionNames
   std::vector<std::string> m_sectionNames;           // sorted names as written
+  std::uint64_t m_namesGeneration = 0;
   TClientSectionsMap m_clientSections;
   TClientSectionsMap m_clientTemplates;
   TLeverageToTemplateMap m_clientTemplatesByLeverage;

@@ -2,6 +2,7 @@
 // parameters per section group, and the fillers that check them.
 #include <span>
 
+#include "core/ZDLErrors.h"
 #include "ini/CodeTable.h"
 #include "ini/TIniParser.h"
 
@@ -95,9 +96,22 @@ std::string TIniParser::SetPriceTypes() {
 }
 
 void TIniParser::SetSupParamAndSectCodes() {
-  if (!supParamAndSectCodes_.empty()) return;
-  supParamAndSectCodes_.resize(SectTypeCount - 1);  // one vector per group up to SectSetOfInstruments
-  for (const TSupRow& row : kSupRows) supParamAndSectCodes_[row.group].push_back(row.codes);
+  if (supParamAndSectCodes_.empty()) {
+    supParamAndSectCodes_.resize(SectTypeCount - 1);  // one vector per group up to SectSetOfInstruments
+    for (const TSupRow& row : kSupRows) supParamAndSectCodes_[row.group].push_back(row.codes);
+  }
+  FillKnownGlobalSections();
+}
+
+void TIniParser::FillKnownGlobalSections() {
+  // Needs the section name tables; a hole there is reported by the caller.
+  if (m_iniSectCodesUp.size() != iscCount) return;
+  for (const auto& group : supParamAndSectCodes_)
+    for (const TSupParamAndSectCodes& row : group)
+      if (row.sectCode >= 0 && row.sectCode < iscCount) {
+        const auto code = static_cast<EIniSectCodeNum>(row.sectCode);
+        supGlobSectCodeUpToSectCodes_.emplace(GetIniSectCodeUp(code), GetIniSectCode(code));
+      }
 }
 
 int TIniParser::GetPriceType(const std::string& name) {
@@ -115,11 +129,11 @@ const std::string& TIniParser::GetPriceTypeString(int type) {
 
 int TIniParser::GetPartIniSectCodeNum__XXX_Template(EPartIniSectCodeNum& code, int type) {
   switch (type) {
-    case TemplateClient: code = psc_Client_Template; return 0;
-    case TemplateCommissionScale: code = psc_CommissionScale_Template; return 0;
-    case TemplateMargin: code = psc_Margin_Template; return 0;
-    case TemplateRestriction: code = psc_Restriction_Template; return 0;
-    default: return 4;
+    case TemplateClient: code = psc_Client_Template; return ZDL_OK;
+    case TemplateCommissionScale: code = psc_CommissionScale_Template; return ZDL_OK;
+    case TemplateMargin: code = psc_Margin_Template; return ZDL_OK;
+    case TemplateRestriction: code = psc_Restriction_Template; return ZDL_OK;
+    default: return ZDL_NOT_FOUND;
   }
 }
 
