@@ -1,0 +1,55 @@
+#pragma once
+// A compiled test of a section name or a parameter key: a regular expression
+// (ECMAScript, case-sensitive) that must match the whole name, or a literal
+// prefix.
+//
+// Most expressions of the ordering rules are plain names or a choice of plain
+// names ("Clients|MAIN|UseTotalBalance"). Those are recognised when the
+// pattern is built and answered by comparing bytes. For a real expression the
+// literal bytes it must begin and end with are worked out once, so that a name
+// that cannot match is turned away before the regular expression engine runs.
+// Either way the answer is the one std::regex_match would give.
+#include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace DL {
+
+class NamePattern {
+ public:
+  // Matches no name.
+  NamePattern() = default;
+
+  // The whole name must match the expression text.
+  // Throws std::regex_error when text is not a valid expression.
+  static NamePattern WholeName(const std::string& text);
+  // The name must begin with text.
+  static NamePattern Prefix(const std::string& text);
+
+  [[nodiscard]] bool Matches(std::string_view name) const;
+
+  // The names this pattern stands for when it is nothing but a choice of
+  // literal names (a trailing "$" on a choice allowed); empty otherwise.
+  const std::vector<std::string>& LiteralNames() const { return m_literals; }
+  const std::string& Text() const { return m_text; }
+
+ private:
+  enum class EKind { Prefix, Literals, Expression };
+
+  // What every match of one top-level alternative begins and ends with.
+  struct Bounds {
+    std::string head;
+    std::string tail;  // taken from the expression behind head, so the two never overlap
+  };
+
+  [[nodiscard]] bool MayMatch(std::string_view name) const;
+
+  EKind m_kind = EKind::Literals;
+  std::string m_text;
+  std::vector<std::string> m_literals;  // for EKind::Literals
+  std::vector<Bounds> m_bounds;         // for EKind::Expression; empty when not worked out
+  std::regex m_regex;                   // for EKind::Expression
+};
+
+}  // namespace DL
