@@ -64,6 +64,56 @@ std::optional<std::string_view> LiteralOf(std::string_view alternative) {
   return body;
 }
 
+// True when an escape of the alternative spans more than the byte behind the
+// backslash (\x41, \u0041, \cA, a back-reference): its bytes are then not
+// followed, and the alternative gets no literal bounds.
+bool HasLongEscape(std::string_view alternative) {
+  for (size_t i = 0; i + 1 < alternative.size(); ++i) {
+    if (alternative[i] != '\\') continue;
+    const char next = alternative[i + 1];
+    if (next == 'x' || next == 'u' || next == 'c' || (next >= '0' && next <= '9')) return true;
+    ++i;
+  }
+  return false;
+}
+
+// The longest run of literal bytes that every match of the alternative holds
+// between its first `from` and its last `to` bytes: a run outside any group
+// and bracket class, its last byte dropped when a quantifier follows.
+std::string_view LongestInnerRun(std::string_view alternative, size_t from, size_t to) {
+  std::string_view best;
+  int depth = 0;
+  size_t i = 0;
+  while (i < alternative.size()) {
+    const char c = alternative[i];
+    if (depth == 0 && IsPlain(c)) {
+      const size_t start = i;
+      while (i < alternative.size() && IsPlain(alternative[i])) ++i;
+      size_t end = i;
+      if (end < alternative.size() && IsQuantifier(alternative[end])) --end;
+      if (start >= from && end <= to && end - start > best.size()) best = alternative.substr(start, end - start);
+      continue;
+    }
+    if (c == '\\') {
+      i += 2;
+    } else if (c == '[') {
+      const size_t close = alternative.find(']', i + 1);
+      if (close == std::string_view::npos) return {};
+      if (alternative.substr(i, close - i).find('\\') != std::string_view::npos) return {};  // not followed
+      i = close + 1;
+    } else if (c == '{' && depth == 0) {
+      i = alternative.find('}', i);
+      if (i == std::string_view::npos) return {};
+      ++i;
+    } else {
+      if (c == '(') ++depth;
+      if (c == ')') --depth;
+      ++i;
+    }
+  }
+  return best;
+}
+
 }  // namespace
 
 NamePattern NamePattern::WholeName(const std::string& text) {
@@ -88,6 +138,10 @@ NamePattern NamePattern::WholeName(const std::string& text) {
   p.m_regex = std::regex(text, std::regex::ECMAScript);
   if (parts) {
     for (std::string_view part : *parts) {
+      if (HasLongEscape(part)) {
+        p.m_bounds.push_back({});  // may match anything, as far as the filter knows
+        continue;
+      }
       size_t head = 0;
       while (head < part.size() && IsPlain(part[head])) ++head;
       // A quantified last byte may occur any number of times, even none.
@@ -99,7 +153,9 @@ NamePattern NamePattern::WholeName(const std::string& text) {
       // The first byte of the run is escaped, and so not a byte of its own.
       if (tail > 0 && tail < rest.size() && rest[rest.size() - 1 - tail] == '\\') --tail;
 
-      p.m_bounds.push_back({std::string(part.substr(0, head)), std::string(rest.substr(rest.size() - tail))});
+      const std::string_view middle = LongestInnerRun(part, head, part.size() - tail);
+      p.m_bounds.push_back(
+          {std::string(part.substr(0, head)), std::string(middle), std::string(rest.substr(rest.size() - tail))});
     }
   }
   return p;
@@ -115,9 +171,11 @@ NamePattern NamePattern::Prefix(const std::string& text) {
 bool NamePattern::MayMatch(std::string_view name) const {
   if (m_bounds.empty()) return true;
   for (const Bounds& b : m_bounds) {
-    if (name.size() >= b.head.size() + b.tail.size() && name.starts_with(b.head) && name.ends_with(b.tail)) {
-      return true;
-    }
+    if (name.size() < b.head.size() + b.middle.size() + b.tail.size()) continue;
+    if (!name.starts_with(b.head) || !name.ends_with(b.tail)) continue;
+    if (b.middle.empty()) return true;
+    const size_t at = name.find(b.middle, b.head.size());
+    if (at != std::string_view::npos && at + b.middle.size() <= name.size() - b.tail.size()) return true;
   }
   return false;
 }

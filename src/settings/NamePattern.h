@@ -6,7 +6,7 @@
 // Most expressions of the ordering rules are plain names or a choice of plain
 // names ("Clients|MAIN|UseTotalBalance"). Those are recognised when the
 // pattern is built and answered by comparing bytes. For a real expression the
-// literal bytes it must begin and end with are worked out once, so that a name
+// literal bytes it must begin with, hold and end with are worked out once, so that a name
 // that cannot match is turned away before the regular expression engine runs.
 // Either way the answer is the one std::regex_match would give.
 #include <regex>
@@ -37,10 +37,12 @@ class NamePattern {
  private:
   enum class EKind { Prefix, Literals, Expression };
 
-  // What every match of one top-level alternative begins and ends with.
+  // Literal bytes every match of one top-level alternative holds: it begins
+  // with head, ends with tail, and holds middle somewhere between them.
   struct Bounds {
     std::string head;
-    std::string tail;  // taken from the expression behind head, so the two never overlap
+    std::string middle;  // the longest other literal run outside any group
+    std::string tail;    // taken from the expression behind head, so the two never overlap
   };
 
   [[nodiscard]] bool MayMatch(std::string_view name) const;

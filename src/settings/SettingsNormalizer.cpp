@@ -3,6 +3,7 @@
 #include <cctype>
 #include <fstream>
 #include <istream>
+#include <unordered_map>
 
 #include "settings/StableSortByKey.h"
 
@@ -220,19 +221,26 @@ void SettingsNormalizer::Normalize() {
   std::vector<SectionKey> sectionKeys;
   sectionKeys.reserve(m_sections.size());
   std::vector<ParameterKey> parameterKeys;
+  // The same keys come back in section after section: each parameter list
+  // remembers what it answered for a key during this run.
+  std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
 
   for (SettingsSection& section : m_sections) {
     const std::string& name = section.first;
     const SettingRules::Match match = m_priorities.Find(name);
 
     // The parameters, by the parameter list of the section's rule.
-    const SettingRules* children = match.rule ? &m_parameterRules[match.rule->children] : nullptr;
+    const size_t list = match.rule ? match.rule->children : 0;
+    const SettingRules* children = match.rule ? &m_parameterRules[list] : nullptr;
     SettingsParameterList& parameters = section.second;
     parameterKeys.clear();
     parameterKeys.reserve(parameters.size());
     for (const SettingsParameter& p : parameters) {
       if (children != nullptr) {
-        const SettingRules::Match m = children->Find(p.first);
+        auto& known = answered[list];
+        auto it = known.find(p.first);
+        if (it == known.end()) it = known.emplace(p.first, children->Find(p.first)).first;
+        const SettingRules::Match m = it->second;
         parameterKeys.push_back({m.Priority(), m.number, p.first});
       } else {
         parameterKeys.push_back({kUnrankedPriority, 0, p.first});

@@ -97,6 +97,19 @@ TEST(NamePatternTest, QuantifiedAndEscapedBytesAreNoFixedBytes) {
   EXPECT_FALSE(NamePattern::WholeName("x\\d").Matches("xd"));
   EXPECT_TRUE(NamePattern::WholeName("(a|b)c").Matches("bc"));
   EXPECT_TRUE(NamePattern::WholeName("[|]x|y").Matches("|x"));
+  EXPECT_TRUE(NamePattern::WholeName("a\\x41").Matches("aA"));
+  EXPECT_TRUE(NamePattern::WholeName("\\x41b.c").Matches("AbXc"));
+}
+
+TEST(NamePatternTest, LiteralRunInsideTheExpressionIsRequired) {
+  const NamePattern p = NamePattern::WholeName("cl.{1,12}_Margin_LimitKind_\\d+");
+  EXPECT_TRUE(p.Matches("clA_Margin_LimitKind_1"));
+  EXPECT_FALSE(p.Matches("clA_Margin_LimitKin_1"));
+  // A run inside a group is not required: here it sits in a negative look-ahead.
+  EXPECT_TRUE(NamePattern::WholeName("cl(?!.+_Margin)(.{1,12})").Matches("clABC"));
+  EXPECT_TRUE(NamePattern::WholeName("a.(bc)?d").Matches("axd"));
+  // A quantified last byte of a run may be missing.
+  EXPECT_TRUE(NamePattern::WholeName("a.bcd*.e").Matches("axbcxe"));
 }
 
 TEST(NamePatternTest, PrefixTestsTheBeginning) {
