@@ -190,7 +190,8 @@ bool NamePattern::Matches(std::string_view name) const {
       }
       return false;
     case EKind::Expression:
-      return MayMatch(name) && std::regex_match(name.begin(), name.end(), m_regex);
+      return name.size() <= kMaxExpressionInput && MayMatch(name) &&
+             std::regex_match(name.begin(), name.end(), m_regex);
   }
   return false;
 }

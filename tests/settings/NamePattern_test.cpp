@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -110,6 +109,19 @@ TEST(NamePatternTest, LiteralRunInsideTheExpressionIsRequired) {
   EXPECT_TRUE(NamePattern::WholeName("a.(bc)?d").Matches("axd"));
   // A quantified last byte of a run may be missing.
   EXPECT_TRUE(NamePattern::WholeName("a.bcd*.e").Matches("axbcxe"));
+}
+
+TEST(NamePatternTest, OverlongNameMatchesNoExpression) {
+  const size_t limit = NamePattern::kMaxExpressionInput;
+  const NamePattern tag = NamePattern::WholeName(".+_TAG");
+  EXPECT_TRUE(tag.Matches(std::string(limit - 4, 'x') + "_TAG"));
+  EXPECT_FALSE(tag.Matches(std::string(limit - 3, 'x') + "_TAG"));
+  // Far beyond the limit nothing runs out of stack.
+  EXPECT_FALSE(NamePattern::WholeName("cl(?!.+_Margin)(.{1,12})").Matches("cl" + std::string(200000, 'x')));
+  // Literal choices and prefixes have no limit.
+  const std::string longName(100000, 'n');
+  EXPECT_TRUE(NamePattern::WholeName("A|" + longName).Matches(longName));
+  EXPECT_TRUE(NamePattern::Prefix("nn").Matches(longName));
 }
 
 TEST(NamePatternTest, PrefixTestsTheBeginning) {

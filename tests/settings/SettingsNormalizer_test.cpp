@@ -191,6 +191,16 @@ TEST_F(SettingsNormalizerTest, RepeatedSectionsStayApartInFileOrder) {
             "[Zed]\r\na=2\r\n\r\n");
 }
 
+TEST_F(SettingsNormalizerTest, OverlongNamesRankAsUnknown) {
+  // Matched by no expression rule beyond the length limit, a 100 KB client
+  // section and its keys still come through whole, after the known names.
+  const std::string code(100000, 'x');
+  const std::string key(100000, '7');
+  EXPECT_EQ(Normalized("[cl" + code + "_Margin]\nUsePgo=1\n" + key + "_DISC=2\n[u1]\na=1\n"),
+            "[u1]\r\na=1\r\n\r\n"
+            "[cl" + code + "_Margin]\r\n" + key + "_DISC=2\r\nUsePgo=1\r\n\r\n");
+}
+
 // ---------------------------------------------------------- parameter order
 
 TEST_F(SettingsNormalizerTest, NumericKeysInCommissionGoByValue) {
