@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -52,6 +53,28 @@ class SettingsNormalizerTest : public ::testing::Test {
     return names;
   }
 };
+
+// ----------------------------------------------------------------- the table
+
+TEST(SettingsNormalizerRulesTest, TableHoldsEveryRow) {
+  std::map<std::string, int> parameterRows;
+  int sectionRows = 0;
+#define ZDL_NORM_PARAM(list, kind, text) ++parameterRows[#list];
+#define ZDL_NORM_SECTION(pattern, list) ++sectionRows;
+#include "settings/SettingsNormalizerRules.def"
+  EXPECT_EQ(sectionRows, 139);
+  EXPECT_EQ(parameterRows, (std::map<std::string, int>{{"Client", 14},
+                                                       {"Commission", 6},
+                                                       {"GlobalList", 2},
+                                                       {"Margin", 45},
+                                                       {"Portfolio", 34},
+                                                       {"PortfolioTemplate", 1},
+                                                       {"Restriction", 7},
+                                                       {"RestrictionTemplate", 1},
+                                                       {"SecurityList", 3},
+                                                       {"SoftRestriction", 2},
+                                                       {"User", 11}}));
+}
 
 // ------------------------------------------------------------ section order
 
