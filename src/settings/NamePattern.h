@@ -19,10 +19,14 @@
 // regular expression compiler as maybe uninitialized (a false positive of the
 // compiler's flow analysis in library code). The warning is silenced for the
 // library header only.
+#if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #include <regex>
 #pragma GCC diagnostic pop
+#else
+#include <regex>
+#endif
 
 namespace DL {
 
