@@ -1,0 +1,48 @@
+#include "settings/SettingRules.h"
+
+#include <cerrno>
+#include <cstdlib>
+
+namespace DL {
+
+namespace {
+
+// std::stoull without the exceptions: strtoull in base 10, failing when no
+// byte was read or the value does not fit.
+bool ReadUnsigned(const std::string& text, unsigned long long* value) {
+  errno = 0;
+  char* end = nullptr;
+  const unsigned long long v = std::strtoull(text.c_str(), &end, 10);
+  if (end == text.c_str() || errno == ERANGE) return false;
+  *value = v;
+  return true;
+}
+
+}  // namespace
+
+void SettingRules::Add(NamePattern pattern, bool numeric, size_t children) {
+  const size_t index = m_rules.size();
+  if (!numeric && !pattern.LiteralNames().empty()) {
+    for (const std::string& name : pattern.LiteralNames()) m_literal.emplace(name, index);  // an earlier rule keeps the name
+  } else {
+    m_tested.push_back(index);
+  }
+  m_rules.push_back({static_cast<unsigned long>(index), std::move(pattern), numeric, children});
+}
+
+SettingRules::Match SettingRules::Find(const std::string& name) const {
+  size_t limit = m_rules.size();
+  if (const auto it = m_literal.find(name); it != m_literal.end()) limit = it->second;
+  for (size_t index : m_tested) {
+    if (index >= limit) break;
+    const SettingPriority& rule = m_rules[index];
+    if (!rule.pattern.Matches(name)) continue;
+    if (!rule.numeric) return {&rule, 0};
+    unsigned long long value = 0;
+    if (ReadUnsigned(name, &value)) return {&rule, value};
+  }
+  if (limit < m_rules.size()) return {&m_rules[limit], 0};
+  return {};
+}
+
+}  // namespace DL

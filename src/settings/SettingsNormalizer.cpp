@@ -1,0 +1,298 @@
+#include "settings/SettingsNormalizer.h"
+
+#include <cctype>
+#include <fstream>
+#include <istream>
+#include <unordered_map>
+
+#include "settings/StableSortByKey.h"
+
+namespace DL {
+
+namespace {
+
+// ------------------------------------------------------------------ rule table
+
+enum class EParameterList : size_t {
+#define ZDL_NORM_LIST(list) list,
+#include "settings/SettingsNormalizerRules.def"
+  Count
+};
+
+enum class ERuleKind { Pattern, Prefix, Number, Include };
+
+struct ParameterRow {
+  EParameterList list;
+  ERuleKind kind;
+  const char* text;      // null for Include
+  EParameterList other;  // for Include: the list whose rules follow
+};
+
+constexpr ParameterRow kParameterRows[] = {
+#define ZDL_NORM_PARAM(list, kind, text) {EParameterList::list, ERuleKind::kind, text, EParameterList::Count},
+#define ZDL_NORM_INCLUDE(list, other) {EParameterList::list, ERuleKind::Include, nullptr, EParameterList::other},
+#include "settings/SettingsNormalizerRules.def"
+};
+
+struct SectionRow {
+  const char* pattern;
+  EParameterList list;
+};
+
+constexpr SectionRow kSectionRows[] = {
+#define ZDL_NORM_SECTION(pattern, list) {pattern, EParameterList::list},
+#include "settings/SettingsNormalizerRules.def"
+};
+
+void AddParameterRules(EParameterList list, SettingRules* rules) {
+  for (const ParameterRow& row : kParameterRows) {
+    if (row.list != list) continue;
+    switch (row.kind) {
+      case ERuleKind::Pattern:
+        rules->Add(NamePattern::WholeName(row.text));
+        break;
+      case ERuleKind::Prefix:
+        rules->Add(NamePattern::Prefix(row.text));
+        break;
+      case ERuleKind::Number:
+        rules->Add(NamePattern::WholeName(row.text), true);
+        break;
+      case ERuleKind::Include:
+        AddParameterRules(row.other, rules);
+        break;
+    }
+  }
+}
+
+// -------------------------------------------------------------------- reading
+
+constexpr char kCommentChar = ';';
+
+bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+
+std::string_view Trim(std::string_view s) {
+  while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);
+  while (!s.empty() && IsSpace(s.back())) s.remove_suffix(1);
+  return s;
+}
+
+// The line-by-line state of one reading.
+class ListReader {
+ public:
+  ListReader(char separator, SettingsSectionList* list) : m_separator(separator), m_list(list) {}
+
+  void Line(std::string_view line) {
+    if (const size_t cut = line.find(m_separator); cut != std::string_view::npos) line = line.substr(0, cut);
+    line = Trim(line);
+    if (line.empty()) return;
+
+    if (line.front() == '[') {
+      const size_t close = line.find(']', 1);
+      if (close == std::string_view::npos || close == 1) return;  // the section before goes on
+      m_pending.assign(line.substr(1, close - 1));                // untrimmed; what follows "]" is ignored
+      m_hasPending = true;
+      return;
+    }
+    if (!m_hasCurrent && !m_hasPending) return;  // text before the first header
+
+    const size_t eq = line.find('=');
+    if (eq == std::string_view::npos || eq == 0) return;
+
+    if (m_hasPending) {
+      // The section comes into being with its first key line.
+      m_list->emplace_back(std::move(m_pending), SettingsParameterList{});
+      m_pending.clear();
+      m_hasPending = false;
+      m_hasCurrent = true;
+    }
+    m_list->back().second.emplace_back(Trim(line.substr(0, eq)), Trim(line.substr(eq + 1)));
+  }
+
+ private:
+  char m_separator;
+  SettingsSectionList* m_list;
+  std::string m_pending;       // name of the last header, until its first key line
+  bool m_hasPending = false;
+  bool m_hasCurrent = false;   // key lines go to m_list->back()
+};
+
+// -------------------------------------------------------------------- sorting
+
+// Compares two runs of decimal digits by their value, whatever their length.
+int CompareDigits(std::string_view a, std::string_view b) {
+  while (!a.empty() && a.front() == '0') a.remove_prefix(1);
+  while (!b.empty() && b.front() == '0') b.remove_prefix(1);
+  if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
+  return a.compare(b);
+}
+
+// Everything the section order needs, worked out once per section. The order
+// is (rank, number in the name, limit kind, bytes of the name), each compared
+// only when all before it are equal.
+//
+// The number is that of "u12" or "PreTrade_12"; all names of those two ranks
+// have one, the others have none (empty, which compares equal). The limit
+// kind is the number of a margin section's "..._LimitKind_N" name; the base
+// section ("cl..._Margin", "cl..._Margin_Template") is of kind 0, and so is
+// every other name. Counting a name without a "_LimitKind_" suffix as kind 0,
+// rather than comparing it with a kind by bytes, keeps the order transitive
+// when such a name meets margin sections of different kinds.
+struct SectionKey {
+  unsigned long rank;
+  std::string_view number;     // digits of the "u12" / "PreTrade_12" number, or empty
+  std::string_view limitKind;  // digits of the margin limit kind
+  std::string_view name;
+};
+
+bool SectionBefore(const SectionKey& a, const SectionKey& b) {
+  if (a.rank != b.rank) return a.rank < b.rank;
+  if (const int c = CompareDigits(a.number, b.number); c != 0) return c < 0;
+  if (const int c = CompareDigits(a.limitKind, b.limitKind); c != 0) return c < 0;
+  return a.name < b.name;  // bytes as unsigned char
+}
+
+struct ParameterKey {
+  unsigned long rank;
+  unsigned long long number;  // value under a numeric rule, else 0
+  std::string_view key;
+};
+
+bool ParameterBefore(const ParameterKey& a, const ParameterKey& b) {
+  if (a.rank != b.rank) return a.rank < b.rank;
+  if (a.number != b.number) return a.number < b.number;
+  return a.key < b.key;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------- class
+
+SettingsNormalizer::SettingsNormalizer()
+    : m_userPattern(NamePattern::WholeName("u\\d{1,}")),
+      m_preTradePattern(NamePattern::WholeName("PreTrade_\\d{1,}")),
+      m_limitKindPattern(
+          NamePattern::WholeName("cl.{1,12}_Margin_LimitKind_\\d+|cl.+_Margin_Template_LimitKind_\\d+")) {
+  setPriorities();
+}
+
+void SettingsNormalizer::setPriorities() {
+  m_parameterRules.resize(static_cast<size_t>(EParameterList::Count));
+  for (size_t list = 0; list < m_parameterRules.size(); ++list) {
+    AddParameterRules(static_cast<EParameterList>(list), &m_parameterRules[list]);
+  }
+  for (const SectionRow& row : kSectionRows) {
+    m_priorities.Add(NamePattern::WholeName(row.pattern), false, static_cast<size_t>(row.list));
+  }
+}
+
+bool SettingsNormalizer::Load(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return false;
+  ParseSettingsList(in, kCommentChar, &m_sections);
+  return true;
+}
+
+void SettingsNormalizer::ReadFrom(std::string_view text) { ParseSettingsList(text, kCommentChar, &m_sections); }
+
+void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list) {
+  if (list == nullptr) return;
+  ListReader reader(separator, list);
+  std::string line;
+  while (std::getline(in, line)) reader.Line(line);
+}
+
+void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator, SettingsSectionList* list) {
+  if (list == nullptr) return;
+  ListReader reader(separator, list);
+  while (!text.empty()) {
+    const size_t end = text.find('\n');
+    if (end == std::string_view::npos) {
+      reader.Line(text);  // a last line without a line end counts
+      break;
+    }
+    reader.Line(text.substr(0, end));
+    text.remove_prefix(end + 1);
+  }
+}
+
+void SettingsNormalizer::Normalize() {
+  static constexpr std::string_view kBaseLimitKind = "0";
+
+  std::vector<SectionKey> sectionKeys;
+  sectionKeys.reserve(m_sections.size());
+  std::vector<ParameterKey> parameterKeys;
+  // The same keys come back in section after section: each parameter list
+  // remembers what it answered for a key during this run.
+  std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
+
+  for (SettingsSection& section : m_sections) {
+    const std::string& name = section.first;
+    const SettingRules::Match match = m_priorities.Find(name);
+
+    // The parameters, by the parameter list of the section's rule.
+    const size_t list = match.rule ? match.rule->children : 0;
+    const SettingRules* children = match.rule ? &m_parameterRules[list] : nullptr;
+    SettingsParameterList& parameters = section.second;
+    parameterKeys.clear();
+    parameterKeys.reserve(parameters.size());
+    for (const SettingsParameter& p : parameters) {
+      if (children != nullptr) {
+        auto& known = answered[list];
+        auto it = known.find(p.first);
+        if (it == known.end()) it = known.emplace(p.first, children->Find(p.first)).first;
+        const SettingRules::Match m = it->second;
+        parameterKeys.push_back({m.Priority(), m.number, p.first});
+      } else {
+        parameterKeys.push_back({kUnrankedPriority, 0, p.first});
+      }
+    }
+    StableSortByKey(parameters, parameterKeys, ParameterBefore);
+
+    SectionKey key{match.Priority(), {}, kBaseLimitKind, name};
+    if (m_userPattern.Matches(name)) {
+      key.number = std::string_view(name).substr(1);
+    } else if (m_preTradePattern.Matches(name)) {
+      key.number = std::string_view(name).substr(name.find('_') + 1);
+    }
+    if (m_limitKindPattern.Matches(name)) {
+      key.limitKind = std::string_view(name).substr(name.rfind('_') + 1);
+    }
+    sectionKeys.push_back(key);
+  }
+
+  StableSortByKey(m_sections, sectionKeys, SectionBefore);
+}
+
+void SettingsNormalizer::WriteTo(std::string& out) const {
+  size_t size = 0;
+  for (const SettingsSection& section : m_sections) {
+    size += section.first.size() + 6;  // "[" "]\r\n" and the closing "\r\n"
+    for (const SettingsParameter& p : section.second) size += p.first.size() + p.second.size() + 3;
+  }
+  out.clear();
+  out.reserve(size);
+  for (const SettingsSection& section : m_sections) {
+    out += '[';
+    out += section.first;
+    out += "]\r\n";
+    for (const SettingsParameter& p : section.second) {
+      out += p.first;
+      out += '=';
+      out += p.second;
+      out += "\r\n";
+    }
+    out += "\r\n";
+  }
+}
+
+bool SettingsNormalizer::Save(const std::string& path) const {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  if (!file) return false;
+  std::string text;
+  WriteTo(text);
+  file.write(text.data(), static_cast<std::streamsize>(text.size()));
+  file.close();
+  return !file.fail();
+}
+
+}  // namespace DL
