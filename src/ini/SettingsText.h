@@ -14,13 +14,13 @@
 #include <tuple>
 #include <utility>
 
+#include "ini/IniSectCodes.h"
+
 namespace DL {
 
 // Name of the section whose first run the reader sends to the client-value
-// map. It is the section with code 20 of the section catalogue of TIniParser;
-// the reader takes it from here until that table is in place, and the two
-// must then name the same text.
-inline constexpr std::string_view kClientCvalSectionName = "ClientCval";
+// map: section code 20 of the section catalogue, taken from its table.
+inline constexpr std::string_view kClientCvalSectionName = IniSectName(iscClientCval);
 
 // The C library's toupper of one byte under the "C" locale: only 'a'..'z' fold.
 constexpr char ToUpperAscii(char c) noexcept {
