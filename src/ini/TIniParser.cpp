@@ -211,12 +211,7 @@ void TIniParser::ClearGroups() {
 
 void TIniParser::DivideSectionsIntoGroups() {
   ClearGroups();
-  for (const auto& group : supParamAndSectCodes_)
-    for (const TSupParamAndSectCodes& row : group)
-      if (row.sectCode >= 0 && row.sectCode < iscCount) {
-        const auto code = static_cast<EIniSectCodeNum>(row.sectCode);
-        supGlobSectCodeUpToSectCodes_.emplace(GetIniSectCodeUp(code), GetIniSectCode(code));
-      }
+  FillKnownGlobalSections();
   for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
   for (const auto& [up, name] : supGlobSectCodeUpToSectCodes_) m_globalSections.emplace(name, m_sections.end());
 }

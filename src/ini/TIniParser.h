@@ -121,8 +121,12 @@ class TIniParser {
   static std::string SetIniParamCodes();
   static std::string SetPartIniParamCodes();
   static std::string SetPriceTypes();
-  // Fills supParamAndSectCodes_ from its table when still empty.
+  // Fills supParamAndSectCodes_ from its table when still empty, and the
+  // known global sections from it.
   static void SetSupParamAndSectCodes();
+  // Enters every section named in supParamAndSectCodes_ into
+  // supGlobSectCodeUpToSectCodes_ (upper-case name to name).
+  static void FillKnownGlobalSections();
   // Runs the five fillers and SetSupParamAndSectCodes; throws CErrors with
   // every message when a table has a hole. Called by Init.
   static void FillCodeTables();

@@ -96,9 +96,22 @@ std::string TIniParser::SetPriceTypes() {
 }
 
 void TIniParser::SetSupParamAndSectCodes() {
-  if (!supParamAndSectCodes_.empty()) return;
-  supParamAndSectCodes_.resize(SectTypeCount - 1);  // one vector per group up to SectSetOfInstruments
-  for (const TSupRow& row : kSupRows) supParamAndSectCodes_[row.group].push_back(row.codes);
+  if (supParamAndSectCodes_.empty()) {
+    supParamAndSectCodes_.resize(SectTypeCount - 1);  // one vector per group up to SectSetOfInstruments
+    for (const TSupRow& row : kSupRows) supParamAndSectCodes_[row.group].push_back(row.codes);
+  }
+  FillKnownGlobalSections();
+}
+
+void TIniParser::FillKnownGlobalSections() {
+  // Needs the section name tables; a hole there is reported by the caller.
+  if (m_iniSectCodesUp.size() != iscCount) return;
+  for (const auto& group : supParamAndSectCodes_)
+    for (const TSupParamAndSectCodes& row : group)
+      if (row.sectCode >= 0 && row.sectCode < iscCount) {
+        const auto code = static_cast<EIniSectCodeNum>(row.sectCode);
+        supGlobSectCodeUpToSectCodes_.emplace(GetIniSectCodeUp(code), GetIniSectCode(code));
+      }
 }
 
 int TIniParser::GetPriceType(const std::string& name) {

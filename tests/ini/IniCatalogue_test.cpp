@@ -197,6 +197,11 @@ TEST_F(IniCatalogueTest, NamedCodesHaveTheirNumbers) {
   EXPECT_EQ(TIniParser::ppc_TAG, 6);
 }
 
+TEST_F(IniCatalogueTest, SettingsReaderTakesClientCvalFromTheSectionTable) {
+  EXPECT_EQ(DL::kClientCvalSectionName, TIniParser::GetIniSectCode(DL::iscClientCval));
+  EXPECT_EQ(DL::kClientCvalSectionName, "ClientCval");
+}
+
 TEST_F(IniCatalogueTest, PriceTypesByNameAndNumber) {
   const char* const names[] = {"", "WAPRICE", "LAST", "OPEN", "MARKETPRICE",
                                "PREVPRICE", "THEORPRICE", "BIDOFFER"};
