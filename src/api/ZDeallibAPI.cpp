@@ -4,11 +4,13 @@
 #include "core/TInfoStorage.h"
 #include "core/ZDLErrors.h"
 
+using DL::TInfoStorage;
+
 namespace {
-TFirmManager m_firmManager;
+DL::TFirmManager m_firmManager;
 }  // namespace
 
-TFirmManager& ZDL_GetFirmManager() { return m_firmManager; }
+DL::TFirmManager& ZDL_GetFirmManager() { return m_firmManager; }
 
 int ZDL_LoadSettingsForFirm(const char* firm, const char* ini_source_name, int ini_source_type) {
   if (firm == nullptr) return ZDL_FIRM_NOT_LOADED;

@@ -6,10 +6,12 @@
 // with ZDL_FreeMemory (and die with the firm).
 #include "api/ZDLTypes.h"
 
+namespace DL {
 class TFirmManager;
+}  // namespace DL
 
 // The registry all ZDL_ functions reach firms through.
-TFirmManager& ZDL_GetFirmManager();
+DL::TFirmManager& ZDL_GetFirmManager();
 
 // Loads (or reloads) the firm from a settings file (type 1) or from the whole
 // text (type 2). 0, or 2 when no storage could be built. A hole in the

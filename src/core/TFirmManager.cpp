@@ -7,6 +7,8 @@
 #include "core/ZDLErrors.h"
 #include "support/LogWriter.h"
 
+namespace DL {
+
 struct TFirmManager::Impl {
   std::map<std::string, std::unique_ptr<TInfoStorage>> firms;  // by firm code, bytewise
   TLogWriter* log = nullptr;                                    // not owned; null while off
@@ -49,3 +51,5 @@ void TFirmManager::ActivateLog(TLogWriter* log) {
 void TFirmManager::DeactivateLog() { ActivateLog(nullptr); }
 
 size_t TFirmManager::FirmCount() const { return m_impl->firms.size(); }
+
+}  // namespace DL

@@ -2,8 +2,11 @@
 // The firm registry: one loaded copy of the settings per firm code.
 #include <memory>
 
-class TInfoStorage;
 class TLogWriter;
+
+namespace DL {
+
+class TInfoStorage;
 
 class TFirmManager {
  public:
@@ -31,3 +34,5 @@ class TFirmManager {
   struct Impl;
   std::unique_ptr<Impl> m_impl;
 };
+
+}  // namespace DL

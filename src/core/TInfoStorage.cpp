@@ -3,6 +3,8 @@
 #include "core/TStorageHub.h"
 #include "core/ZDLErrors.h"
 
+namespace DL {
+
 // The typed store of the settings (sets of instruments, margin templates) is
 // built on the hub's parser when it is asked for; until that store exists the
 // request is accepted and nothing more is built.
@@ -47,3 +49,5 @@ TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
 int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }
 
 int TInfoStorage::SetUsePGOToGlobal(int value) { return m_impl->hub->SetUsePGOToGlobal(value); }
+
+}  // namespace DL

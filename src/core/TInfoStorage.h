@@ -5,6 +5,9 @@
 #include <memory>
 
 class TLogWriter;
+
+namespace DL {
+
 class TStorageHub;
 
 class TInfoStorage {
@@ -45,3 +48,5 @@ class TInfoStorage {
 
   std::unique_ptr<Impl, pImplDeleter> m_impl;
 };
+
+}  // namespace DL

@@ -2,77 +2,68 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <streambuf>
 
 #include "core/ZDLErrors.h"
+#include "settings/SettingsNormalizer.h"
+
+namespace DL {
 
 namespace {
 
-// Source types of a settings load.
-constexpr int kSourceFile = 1;  // the name is a path
-constexpr int kSourceText = 2;  // the name is the whole text
-
 constexpr char kCommentChar = ';';
+constexpr unsigned kParserFlags = 1;
 
 constexpr const char* kGeneralSection = "General";
 constexpr const char* kUsePGOParam = "UsePGO";
 
-// Reads a text in memory as a stream, without copying it.
-class TMemoryStreamBuf : public std::streambuf {
- public:
-  TMemoryStreamBuf(const char* data, size_t size) {
-    char* begin = const_cast<char*>(data);
-    setg(begin, begin, begin + size);
-  }
-};
-
 }  // namespace
 
 TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
-  if (ini_source_name == nullptr) return;
-  if (ini_source_type == kSourceFile) {
-    std::ifstream in(ini_source_name, std::ios::binary);
-    if (in) DL::ParseSettings(in, kCommentChar, &m_sections, &m_clientValues);
-  } else if (ini_source_type == kSourceText) {
-    TMemoryStreamBuf buffer(ini_source_name, std::strlen(ini_source_name));
-    std::istream in(&buffer);
-    DL::ParseSettings(in, kCommentChar, &m_sections, &m_clientValues);
-  }
-}
-
-int TStorageHub::SaveSettingsToMemory(char** out) {
-  if (out == nullptr) return ZDL_BAD_ARGUMENT;
-  // Every setting is still in its raw home, the section map: each section is
-  // written as it stands.
-  // The first ClientCval section was read into the client values; its entry in
-  // the section map stays empty, so its keys are written from there.
-  std::string text;
-  for (const auto& [name, keys] : m_sections) {
-    bool clientValues = keys.empty() && DL::IsSameSettingsName(name, DL::kClientCvalSectionName);
-    text += DL::SectionToRowText(name, clientValues ? m_clientValues : keys);
-  }
-  char* block = m_memory.ConstructString(text.size() + 1);
-  std::memcpy(block, text.data(), text.size());
-  *out = block;
-  return ZDL_OK;
+  m_parser.Init(ini_source_name, ini_source_type, kCommentChar, kParserFlags);
+  m_general.Load(m_parser);
 }
 
 int TStorageHub::GetUsePGOFromGlobal(bool* value) const {
   if (value == nullptr) return ZDL_BAD_ARGUMENT;
-  auto general = m_sections.find(kGeneralSection);
-  if (general == m_sections.end()) return ZDL_NOT_FOUND;
-  auto param = general->second.find(kUsePGOParam);
-  *value = param != general->second.end() && std::strtol(param->second.c_str(), nullptr, 10) != 0;
+  const DL::TIniKeyMap* general = m_parser.FindIniSectionRef(kGeneralSection);
+  if (general == nullptr) return ZDL_NOT_FOUND;
+  auto param = general->find(kUsePGOParam);
+  *value = param != general->end() && std::strtol(param->second.c_str(), nullptr, 10) != 0;
   return ZDL_OK;
 }
 
 int TStorageHub::SetUsePGOToGlobal(int value) {
   if (value < 0 || value > 1) return ZDL_BAD_ARGUMENT;
-  DL::TIniKeyMap& general = m_sections[kGeneralSection];
+  auto general = m_parser.FindOrCreateIniSection(kGeneralSection);
   if (value == 1)
-    general[kUsePGOParam] = "1";
+    m_parser.SetIniParam(general, kUsePGOParam, "1");
   else
-    general.erase(kUsePGOParam);
+    general->second.erase(kUsePGOParam);
   return ZDL_OK;
 }
+
+int TStorageHub::SaveSettingsToMemory(char** out) {
+  if (out == nullptr) return ZDL_BAD_ARGUMENT;
+  // Every setting read so far lives in the section map, so each section is
+  // written as it stands. The first ClientCval section was read into the
+  // client values, its entry in the map staying empty: its keys come from there.
+  std::string text;
+  const DL::TIniSectionsMap& sections = m_parser.GetSections();
+  for (auto it = sections.begin(); it != sections.end(); ++it) {
+    if (it->second.empty() && DL::IsSameSettingsName(it->first, DL::kClientCvalSectionName))
+      text += DL::SectionToRowText(it->first, m_parser.GetCValSection());
+    else
+      text += m_parser.GetRowFromSection(it);
+  }
+  DL::SettingsNormalizer normalizer;
+  normalizer.ReadFrom(text);
+  normalizer.Normalize();
+  std::string canonical;
+  normalizer.WriteTo(canonical);
+  char* block = m_memory.ConstructString(canonical.size() + 1);
+  std::memcpy(block, canonical.data(), canonical.size());
+  *out = block;
+  return ZDL_OK;
+}
+
+}  // namespace DL

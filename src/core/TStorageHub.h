@@ -5,16 +5,20 @@
 #include <string>
 
 #include "api/TMemory.h"
-#include "ini/SettingsText.h"
+#include "core/TGeneralSettings.h"
+#include "ini/TIniParser.h"
 #include "support/Errors.h"
 
 class TLogWriter;
+
+namespace DL {
 
 class TStorageHub {
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
   // file that cannot be opened, or any other type, gives a firm with no
-  // sections, which answers with defaults.
+  // sections, which answers with defaults. A hole in the program's own name
+  // tables raises CErrors.
   TStorageHub(const char* ini_source_name, int ini_source_type);
   TStorageHub(const TStorageHub&) = delete;
   TStorageHub& operator=(const TStorageHub&) = delete;
@@ -26,13 +30,20 @@ class TStorageHub {
   // The allocator of everything this firm hands out.
   TMemory& GetMemory() { return m_memory; }
 
-  // The section map as read: the home of every setting that has no parsed home.
-  const DL::TIniSectionsMap& GetSections() const { return m_sections; }
+  // The parsed text: the home of every setting that has no parsed home.
+  DL::TIniParser* GetOldParserPointer() { return &m_parser; }
+  const DL::TIniParser& GetParser() const { return m_parser; }
+  const DL::TIniSectionsMap& GetSections() const { return m_parser.GetSections(); }
   // Keys of the first ClientCval section.
-  const DL::TIniClientValueMap& GetClientValues() const { return m_clientValues; }
+  const DL::TIniClientValueMap& GetClientValues() const { return m_parser.GetCValSection(); }
+
+  // The general parameters as read at load (currency identity, flags,
+  // numbers, class lists, credit types, repo terms).
+  const DL::TGeneralSettings& General() const { return m_general; }
 
   // "UsePGO" of section "General", a raw parameter of the section map: an edit
-  // is seen by the next read and the next save.
+  // is seen by the next read and the next save (the general parameters keep
+  // the value read at load until a reload).
   [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
   [[nodiscard]] int SetUsePGOToGlobal(int value);
 
@@ -44,7 +55,9 @@ class TStorageHub {
  private:
   TMemory m_memory;
   CErrors m_errors;
-  DL::TIniSectionsMap m_sections;
-  DL::TIniClientValueMap m_clientValues;
+  DL::TIniParser m_parser;
+  DL::TGeneralSettings m_general;
   TLogWriter* m_log = nullptr;
 };
+
+}  // namespace DL

@@ -14,6 +14,8 @@
 
 namespace {
 
+using DL::TFirmManager;
+using DL::TInfoStorage;
 namespace fs = std::filesystem;
 
 const char* kText = "[General]\nUSEPGO=1\n[clC1]\nMaxOrderQuantity_TQBR=10\n";
