@@ -30,8 +30,11 @@ struct FileRequest {
   std::string data;     // "DATA"
 };
 
-// Reads the keyed rows while the message still counts fields.
-FileRequest ReadFileRequest(CAlert& message) {
+enum class EFileVerb { Get, Save };
+
+// Reads the keyed rows while the message still counts fields. Each verb knows
+// its own keys; a row with any other key is skipped unread.
+FileRequest ReadFileRequest(CAlert& message, EFileVerb verb) {
   FileRequest request;
   while (message.get_fields_count() != 0) {
     CAlert row;
@@ -40,11 +43,11 @@ FileRequest ReadFileRequest(CAlert& message) {
     row >> key;
     if (key == "FIRM")
       row >> request.firm;
-    else if (key == "READONLY")
+    else if (verb == EFileVerb::Get && key == "READONLY")
       row >> request.readOnly;
-    else if (key == "CANCEL")
+    else if (verb == EFileVerb::Save && key == "CANCEL")
       row >> request.cancel;
-    else if (key == "DATA")
+    else if (verb == EFileVerb::Save && key == "DATA")
       row >> request.data;
   }
   return request;
@@ -170,7 +173,7 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
     WriteRefusal(message, "GetDLFile", work, user);
     return 0;
   }
-  FileRequest request = ReadFileRequest(message);
+  FileRequest request = ReadFileRequest(message, EFileVerb::Get);
   message.clear();
 
   // An unknown name is added here with an empty path, and is listed from now on.
@@ -215,7 +218,7 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
 }
 
 int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int port, std::string userName) {
-  FileRequest request = ReadFileRequest(message);
+  FileRequest request = ReadFileRequest(message, EFileVerb::Save);
   message.clear();
   const std::string path = work->mapLibrary[request.firm];
 

@@ -269,3 +269,25 @@ TEST_F(FileServiceTest, AFileTheProcessMayNotWriteIsHandedOutForReadingOnly) {
 }
 
 }  // namespace
+
+namespace {
+
+class FileServiceKeysTest : public ::testing::Test {};
+
+TEST_F(FileServiceKeysTest, GetDLFileSkipsTheSaveKeysUnread) {
+  const int port = ztest::NewPort();
+  std::string dir = "keys" + std::to_string(port) + "/";
+  ztest::WriteServerFile(dir + "k.ini", "[General]\nA=1\n");
+  std::string list = ztest::WriteServerFile(dir + "dl.ini", "[dealer-library]\nK=k.ini\n");
+  ASSERT_EQ(ztest::Module().InitDB(list, "", port), 1);
+  CAlert m;
+  // "DATA" and "CANCEL" carry values of a type GetDLFile would not expect.
+  m << ztest::Row("DATA", 1) << ztest::Row("CANCEL", std::string("x")) << ztest::Row("FIRM", std::string("K"));
+  ASSERT_EQ(ztest::Call("GetDLFile", m, 2, port, "u"), 1);
+  int readOnly = -1;
+  std::string name, text;
+  m >> readOnly >> name >> text;
+  EXPECT_EQ(text, "[General]\nA=1\n");
+}
+
+}  // namespace
