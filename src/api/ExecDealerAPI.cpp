@@ -29,17 +29,10 @@ bool ReadLibrary(const std::string& path, std::string* text) {
   return true;
 }
 
-void WriteAudit(int port, int user, const char* event, const std::string& userName, const std::string& firm,
-                const std::string* count, const std::string& text) {
-  std::vector<std::string> fields = Library::Host::NewAuditRecord();
-  fields[0] = userName;
-  fields[1] = std::to_string(user);
-  fields[2] = firm;
-  fields[3] = Library::Host::ThreadIdText();
-  if (count != nullptr) fields[4] = *count;
-  fields[20] = text;
-  std::string name = event;
-  audit_DEALLIB_CHANGE(port, user, name, fields);
+// The library's file path on the port, or null when the name is no library of it.
+const std::string* FindLibraryPath(const tagDL_work* work, const std::string& name) {
+  auto library = work->mapLibrary.find(name);
+  return library == work->mapLibrary.end() ? nullptr : &library->second;
 }
 
 }  // namespace
@@ -120,9 +113,9 @@ int CExecDealerAPI::ZA_DLOpenFile(std::vector<unsigned char>& data, tagDL_work* 
   TDL_DLOpenFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  auto library = work->mapLibrary.find(record.firmCode);
-  if (library == work->mapLibrary.end()) return ZDA_UNKNOWN_FIRM;
-  const std::string path = library->second;
+  const std::string* found = FindLibraryPath(work, record.firmCode);
+  if (found == nullptr) return ZDA_UNKNOWN_FIRM;
+  const std::string path = *found;
   tagDL_fileState& state = work->mapFileState[path];
   if (record.nMode == 0 && state.busy != 0 && state.user != user) return ZDA_BUSY;
 
@@ -135,7 +128,7 @@ int CExecDealerAPI::ZA_DLOpenFile(std::vector<unsigned char>& data, tagDL_work* 
     if (record.nMode == 0) {
       state.user = user;
       state.busy = 1;
-      WriteAudit(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, nullptr, text);
+      AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, text);
     }
   }
   Library::Host::Event(0, "User[%d], call ZA_DLOpenFile for port[%d], library name[%s]size[%d]user[%d]busy[%d].",
@@ -148,9 +141,9 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
   TDL_DLUpdateFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  auto library = work->mapLibrary.find(record.firmCode);
-  if (library == work->mapLibrary.end()) return ZDA_UNKNOWN_FIRM;
-  const std::string path = library->second;
+  const std::string* found = FindLibraryPath(work, record.firmCode);
+  if (found == nullptr) return ZDA_UNKNOWN_FIRM;
+  const std::string path = *found;
   tagDL_fileState& state = work->mapFileState[path];
   if (state.busy == 0 || state.user != user) return ZDA_UPDATE_FAILED;
 
@@ -175,9 +168,9 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     }
     std::vector<std::string>& lines = m_DEALLIB_PACKET_CHANGE_map[record.firmCode];
     const std::string count = std::to_string(lines.size());
-    WriteAudit(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode, &count,
-               m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode));
-    WriteAudit(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, nullptr, text);
+    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode,
+                      m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode), &count);
+    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, text);
     state.user = user;  // the hold goes on
     state.busy = 1;
   }
@@ -191,9 +184,9 @@ int CExecDealerAPI::ZA_DLCloseFile(std::vector<unsigned char>& data, tagDL_work*
   TDL_DLCloseFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  auto library = work->mapLibrary.find(record.firmCode);
-  if (library == work->mapLibrary.end()) return ZDA_UNKNOWN_FIRM;
-  const std::string path = library->second;
+  const std::string* found = FindLibraryPath(work, record.firmCode);
+  if (found == nullptr) return ZDA_UNKNOWN_FIRM;
+  const std::string path = *found;
   std::set<int>& users = work->mapFileUsers[path];
   if (users.erase(user) == 0) return ZDA_NOT_OPEN;
 

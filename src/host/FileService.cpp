@@ -198,14 +198,7 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
     Library::Thread::Lock lock(g_Locker);
     state.user = user;
     state.busy = 1;
-    std::vector<std::string> fields = Library::Host::NewAuditRecord();
-    fields[0] = userName;
-    fields[1] = std::to_string(user);
-    fields[2] = request.firm;
-    fields[3] = Library::Host::ThreadIdText();
-    fields[20] = text;
-    std::string event = "SRV_USER_BO_DEALLIB_OPEN";
-    audit_DEALLIB_CHANGE(port, user, event, fields);
+    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, request.firm, text);
   }
 
   message << readOnly << request.firm << text;
@@ -255,14 +248,7 @@ int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int p
       cancel = 1;
     } else {
       stored = true;
-      std::vector<std::string> fields = Library::Host::NewAuditRecord();
-      fields[0] = userName;
-      fields[1] = std::to_string(user);
-      fields[2] = request.firm;
-      fields[3] = Library::Host::ThreadIdText();
-      fields[20] = text;
-      std::string event = "SRV_USER_BO_DEALLIB_CHANGE";
-      audit_DEALLIB_CHANGE(port, user, event, fields);
+      AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, request.firm, text);
     }
     if (!stored)
       Library::Host::Event(0, "Failed to save the new file DL-library [%s][%d][%d][%d]", path.c_str(), user,

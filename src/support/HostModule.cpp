@@ -74,3 +74,16 @@ int audit_DEALLIB_CHANGE(int port, int user, std::string& event, std::vector<std
   }
   return audit(port, user, event, fields);
 }
+
+int AuditLibraryEvent(int port, int user, const char* event, const std::string& userName,
+                      const std::string& library, const std::string& text, const std::string* count) {
+  std::vector<std::string> fields = Library::Host::NewAuditRecord();
+  fields[0] = userName;
+  fields[1] = std::to_string(user);
+  fields[2] = library;
+  fields[3] = Library::Host::ThreadIdText();
+  if (count != nullptr) fields[4] = *count;
+  fields[20] = text;
+  std::string name = event;
+  return audit_DEALLIB_CHANGE(port, user, name, fields);
+}

@@ -52,5 +52,11 @@ void NotifyDLUserConnected(int user, int port, int state);
 // "DealLib size is: <length>" in its place.
 int audit_DEALLIB_CHANGE(int port, int user, std::string& event, std::vector<std::string>& fields);
 
+// Writes an audit record about a library: field 0 the user's name, 1 the
+// user, 2 the library, 3 the calling thread, 4 the count when given, 20 the
+// text. Returns what audit_DEALLIB_CHANGE returns.
+int AuditLibraryEvent(int port, int user, const char* event, const std::string& userName,
+                      const std::string& library, const std::string& text, const std::string* count = nullptr);
+
 // The port's audit size limit, or unsigned -1 (no limit) if the port has none.
 unsigned GetMaxDeallibSize(unsigned port);

@@ -15,13 +15,7 @@ using ztest::Module;
 class DealerAPITest : public ::testing::Test {
  protected:
   void SetUp() override {
-    TestDbState* db = Module().db;
-    db->audits.clear();
-    db->notices.clear();
-    db->kinds.clear();
-    db->executes.clear();
-    db->auditState = 1;
-    ztest::ClearEvents();
+    ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
     dir_ = "api" + std::to_string(port_) + "/";
     firm_ = "FIRM" + std::to_string(port_);  // firms are process-wide: one per test

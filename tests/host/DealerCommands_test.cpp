@@ -13,9 +13,7 @@ using ztest::Module;
 class DealerCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    Module().db->audits.clear();
-    Module().db->kinds.clear();
-    Module().db->auditState = 1;
+    ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
     dir_ = "cmd" + std::to_string(port_) + "/";
     firm_ = "FA" + std::to_string(port_);

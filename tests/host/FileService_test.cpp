@@ -23,12 +23,7 @@ const std::string kNoPermissionRu =
 class FileServiceTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    TestDbState* db = Module().db;
-    db->audits.clear();
-    db->notices.clear();
-    db->kinds.clear();
-    db->auditState = 1;
-    ztest::ClearEvents();
+    ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
     dir_ = "fs" + std::to_string(port_) + "/";
     firmPath_ = ztest::WriteServerFile(dir_ + "firm.ini", kText);

@@ -17,11 +17,7 @@ using ztest::Module;
 class ModuleEntryTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    Module().db->audits.clear();
-    Module().db->notices.clear();
-    Module().db->kinds.clear();
-    Module().db->auditState = 1;
-    ztest::ClearEvents();
+    ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
   }
 

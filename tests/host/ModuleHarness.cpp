@@ -1,5 +1,7 @@
 #include "ModuleHarness.h"
 
+#include "common/EventLog.h"
+
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -52,6 +54,18 @@ LoadedModule Load() {
 LoadedModule& Module() {
   static LoadedModule module = Load();
   return module;
+}
+
+void ResetRecordedCalls() {
+  TestDbState* db = Module().db;
+  db->audits.clear();
+  db->notices.clear();
+  db->executes.clear();
+  db->kinds.clear();
+  db->tableRows.clear();
+  db->auditState = 1;
+  db->auditResult = 1;
+  ClearEvents();
 }
 
 int NewPort() {

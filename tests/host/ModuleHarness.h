@@ -23,6 +23,10 @@ struct LoadedModule {
 // and then the module. Done once per process; later calls return the same.
 LoadedModule& Module();
 
+// Empties what the recording database module noted and sets its answers back
+// (every user of kind 1, auditing on), and empties the event log.
+void ResetRecordedCalls();
+
 // A port no other test of this process has used, so tests do not share state.
 int NewPort();
 

@@ -14,10 +14,7 @@ using ztest::Module;
 class SaveDLFileTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    Module().db->audits.clear();
-    Module().db->notices.clear();
-    Module().db->kinds.clear();
-    Module().db->auditState = 1;
+    ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
     dir_ = "save" + std::to_string(port_) + "/";
     firm_ = "S" + std::to_string(port_);
