@@ -45,15 +45,16 @@ int TStorageHub::SetUsePGOToGlobal(int value) {
 int TStorageHub::SaveSettingsToMemory(char** out) {
   if (out == nullptr) return ZDL_BAD_ARGUMENT;
   // Every setting read so far lives in the section map, so each section is
-  // written as it stands. The first ClientCval section was read into the
-  // client values, its entry in the map staying empty: its keys come from there.
+  // written as it stands. The keys of the first ClientCval section went to the
+  // client values and its entry in the map holds only the keys of later
+  // ClientCval sections: the client values are written first, as a section of
+  // their own, so that a reload sends each key back to where it came from.
   std::string text;
   const DL::TIniSectionsMap& sections = m_parser.GetSections();
   for (auto it = sections.begin(); it != sections.end(); ++it) {
-    if (it->second.empty() && DL::IsSameSettingsName(it->first, DL::kClientCvalSectionName))
+    if (DL::IsSameSettingsName(it->first, DL::kClientCvalSectionName))
       text += DL::SectionToRowText(it->first, m_parser.GetCValSection());
-    else
-      text += m_parser.GetRowFromSection(it);
+    text += m_parser.GetRowFromSection(it);
   }
   DL::SettingsNormalizer normalizer;
   normalizer.ReadFrom(text);

@@ -1,0 +1,174 @@
+// A firm's settings survive a save and a reload: the saved text is canonical
+// (saving it again gives the same bytes) and every setting the hub holds is
+// the same before and after.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+#include "core/TStorageHub.h"
+
+namespace {
+
+using DL::EGeneralParam;
+using DL::EGeneralParamKind;
+using DL::TStorageHub;
+
+std::string Save(TStorageHub& hub) {
+  char* text = nullptr;
+  EXPECT_EQ(hub.SaveSettingsToMemory(&text), 0);
+  std::string out = text;
+  void* block = text;
+  EXPECT_EQ(hub.GetMemory().FreeMemory(&block), 0);
+  return out;
+}
+
+// Every general parameter of the two hubs, compared by its kind.
+void ExpectSameGeneralSettings(const TStorageHub& a, const TStorageHub& b) {
+  for (const DL::TGeneralParamInfo& info : DL::kGeneralParamInfos) {
+    const EGeneralParam code = info.code;
+    switch (info.kind) {
+      case EGeneralParamKind::Flag: {
+        bool x = false, y = false;
+        ASSERT_EQ(a.General().GetFlagParam(code, x), 0);
+        ASSERT_EQ(b.General().GetFlagParam(code, y), 0);
+        EXPECT_EQ(x, y) << info.key;
+        break;
+      }
+      case EGeneralParamKind::Int: {
+        int x = 0, y = 0;
+        ASSERT_EQ(a.General().GetIntParam(code, x), 0);
+        ASSERT_EQ(b.General().GetIntParam(code, y), 0);
+        EXPECT_EQ(x, y) << info.key;
+        break;
+      }
+      case EGeneralParamKind::Number: {
+        double x = 0, y = 0;
+        ASSERT_EQ(a.General().GetNumberParam(code, x), 0);
+        ASSERT_EQ(b.General().GetNumberParam(code, y), 0);
+        EXPECT_EQ(x, y) << info.key;
+        break;
+      }
+      case EGeneralParamKind::Text: {
+        std::string x, y;
+        ASSERT_EQ(a.General().GetTextParam(code, x), 0);
+        ASSERT_EQ(b.General().GetTextParam(code, y), 0);
+        EXPECT_EQ(x, y) << info.key;
+        break;
+      }
+      case EGeneralParamKind::List:
+      case EGeneralParamKind::UniqueList:
+      case EGeneralParamKind::UpperList: {
+        const DL::TClassList* x = nullptr;
+        const DL::TClassList* y = nullptr;
+        ASSERT_EQ(a.General().GetListParam(code, x), 0);
+        ASSERT_EQ(b.General().GetListParam(code, y), 0);
+        EXPECT_EQ(x->Items(), y->Items()) << info.key;
+        break;
+      }
+    }
+  }
+  EXPECT_EQ(a.General().GetMainCurrency(), b.General().GetMainCurrency());
+  EXPECT_EQ(a.General().GetRublesEquivalents(), b.General().GetRublesEquivalents());
+  EXPECT_EQ(a.General().GetCreditTypesByClient(), b.General().GetCreditTypesByClient());
+  EXPECT_EQ(a.General().GetCreditTypesByMask(), b.General().GetCreditTypesByMask());
+}
+
+// Loads, saves, reloads and saves again; checks the fixed point and that the
+// reloaded firm holds what the first one held.
+void ExpectRoundTrip(const char* source, int type) {
+  TStorageHub first(source, type);
+  const std::string saved = Save(first);
+  TStorageHub second(saved.c_str(), 2);
+  EXPECT_EQ(Save(second), saved) << "a canonical text is a fixed point";
+  EXPECT_EQ(second.GetSections(), first.GetSections());
+  EXPECT_EQ(second.GetClientValues(), first.GetClientValues());
+  ExpectSameGeneralSettings(first, second);
+}
+
+std::vector<std::string> ExampleLibraries() {
+  std::vector<std::string> out;
+  for (const auto& entry : std::filesystem::directory_iterator(std::string(ZDL_SOURCE_DIR) + "/examples/server/libs"))
+    if (entry.path().extension() == ".ini") out.push_back(entry.path().string());
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+TEST(RoundTripTest, EveryExampleLibraryIsAFixedPointAfterOneSave) {
+  std::vector<std::string> libraries = ExampleLibraries();
+  ASSERT_GE(libraries.size(), 2u);
+  for (const std::string& path : libraries) {
+    SCOPED_TRACE(path);
+    ExpectRoundTrip(path.c_str(), 1);
+  }
+}
+
+TEST(RoundTripTest, AnEmptyFirmSavesToATextThatLoadsToAnEqualFirm) { ExpectRoundTrip("", 2); }
+
+TEST(RoundTripTest, AGlobalSectionUnknownToTheCatalogueSurvivesUnchanged) {
+  TStorageHub hub("[General]\nUSEPGO=1\n[DeskNotes]\nOwner=risk desk\nShift=2\n", 2);
+  const std::string saved = Save(hub);
+  EXPECT_NE(saved.find("[DeskNotes]\r\nOwner=risk desk\r\nShift=2\r\n\r\n"), std::string::npos) << saved;
+}
+
+TEST(RoundTripTest, TheSavedTextHasCanonicalLineEndsAndNoComments) {
+  TStorageHub hub("; note\n[General]\nUSEPGO=1 ; on\n", 2);
+  EXPECT_EQ(Save(hub), "[General]\r\nUSEPGO=1\r\n\r\n");
+}
+
+TEST(RoundTripTest, TheFirstClientValueSectionIsKept) {
+  TStorageHub hub("[ClientCval]\nC1=1\n[General]\nCLIENTCVAL=1\n", 2);
+  const std::string saved = Save(hub);
+  EXPECT_NE(saved.find("[ClientCval]\r\nC1=1\r\n"), std::string::npos) << saved;
+}
+
+TEST(RoundTripTest, ASecondClientValueSectionStaysAnOrdinarySection) {
+  const char* text = "[ClientCval]\nC1=1\n[General]\nA=1\n[ClientCval]\nC2=2\n";
+  TStorageHub hub(text, 2);
+  ASSERT_EQ(hub.GetClientValues().count("C1"), 1u);
+  ASSERT_EQ(hub.GetSections().at("ClientCval").count("C2"), 1u);
+  const std::string saved = Save(hub);
+  EXPECT_EQ(saved, "[General]\r\nA=1\r\n\r\n[ClientCval]\r\nC1=1\r\n\r\n[ClientCval]\r\nC2=2\r\n\r\n");
+  ExpectRoundTrip(text, 2);
+}
+
+TEST(RoundTripTest, AnEditOfARawParameterReachesTheSavedText) {
+  TStorageHub hub("[General]\nCALCVARMARGIN=1\n", 2);
+  ASSERT_EQ(hub.SetUsePGOToGlobal(1), 0);
+  EXPECT_EQ(Save(hub), "[General]\r\nCALCVARMARGIN=1\r\nUsePGO=1\r\n\r\n");
+}
+
+// Texts of many shapes: section families of every group, repeated headers and
+// keys in changing case, comments, blank lines and both line ends.
+std::string GeneratedText(std::mt19937& random) {
+  static const std::vector<std::string> kSections = {
+      "General", "Commission", "clC1", "clC2", "clC1_Margin", "clC1_Margin_LimitKind_2", "cl<GENERAL>_Margin",
+      "clT_Client_Template", "clM_Margin_Template", "clR_Restriction_Template", "PriceLimit", "Soft_PriceLimit",
+      "ClientLag", "ClientCval", "u12", "u-1", "PreTrade_3", "PreTrade_12", "BoardTag", "Unknown_Section",
+      "bdTQBR_CommissionScale", "SubBrokers", "BaseAssets_Template_X", "PortfolioRiskConfig_A"};
+  static const std::vector<std::string> kKeys = {"USEPGO", "ThresMarginCoeff", "Clients", "TQBR", "SBER",
+                                                 "MaxOrderQuantity_TQBR", "CREDITLAG", "X", "usepgo", "0"};
+  std::uniform_int_distribution<size_t> section(0, kSections.size() - 1), key(0, kKeys.size() - 1);
+  std::uniform_int_distribution<int> lines(0, 6), value(0, 999), coin(0, 3);
+  std::string text;
+  for (int s = 0; s < 12; ++s) {
+    text += "[" + kSections[section(random)] + "]" + (coin(random) == 0 ? " ; comment\r\n" : "\n");
+    for (int l = lines(random); l > 0; --l) {
+      if (coin(random) == 0) text += "\n";
+      text += kKeys[key(random)] + " = " + std::to_string(value(random)) + (coin(random) == 0 ? "\r\n" : "\n");
+    }
+  }
+  return text;
+}
+
+TEST(RoundTripTest, GeneratedTextsAreFixedPointsAfterOneSave) {
+  std::mt19937 random(20261121);
+  for (int i = 0; i < 200; ++i) {
+    std::string text = GeneratedText(random);
+    SCOPED_TRACE(text);
+    ExpectRoundTrip(text.c_str(), 2);
+    if (HasFailure()) break;
+  }
+}
+
+}  // namespace
