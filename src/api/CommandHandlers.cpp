@@ -2,6 +2,7 @@
 // the command table: the row's adapter shape decides how the request block
 // becomes a call of the settings function and how the result comes back.
 #include <string_view>
+#include <type_traits>
 
 #include "api/Adapters.h"
 #include "api/CommandTable.h"
@@ -21,9 +22,6 @@ constexpr const DL::TCommandRow& RowOf(std::string_view name) {
   throw "command is not in the table";
 }
 
-template <EAdapterShape>
-inline constexpr bool kNoAdapterYet = false;
-
 // Runs the adapter of the shape around the settings function.
 template <EAdapterShape Shape, class Fn>
 int RunAdapter(Fn fn, const char* command, std::vector<unsigned char>& data, std::string& firm,
@@ -40,7 +38,7 @@ int RunAdapter(Fn fn, const char* command, std::vector<unsigned char>& data, std
   } else if constexpr (Shape == EAdapterShape::SendOneString_GetInt) {
     return A::SendOneString_GetInt(fn, data, firm);
   } else {
-    static_assert(kNoAdapterYet<Shape>, "the command's shape has no adapter yet");
+    static_assert(!std::is_same_v<Fn, Fn>, "the command's shape has no adapter yet");
     return 0;
   }
 }

@@ -6,23 +6,20 @@
 namespace DL {
 namespace {
 
-// Row numbers in byte order of the names, so that a lookup is a binary search
-// without any allocation at run time.
-constexpr std::array<std::uint16_t, kCommandCount> kByName = [] {
-  std::array<std::uint16_t, kCommandCount> order{};
-  for (std::size_t i = 0; i < kCommandCount; ++i) order[i] = static_cast<std::uint16_t>(i);
-  std::sort(order.begin(), order.end(),
-            [](std::uint16_t a, std::uint16_t b) { return kCommandTable[a].name < kCommandTable[b].name; });
+// Row numbers in byte order of the names, sorted once at first use, so that a
+// lookup is a binary search without any allocation. (Sorting 994 names while
+// compiling is more than some compilers' constant evaluation allows; the test
+// of the table checks that no name stands twice.)
+const std::array<std::uint16_t, kCommandCount>& RowsByName() {
+  static const std::array<std::uint16_t, kCommandCount> order = [] {
+    std::array<std::uint16_t, kCommandCount> rows{};
+    for (std::size_t i = 0; i < kCommandCount; ++i) rows[i] = static_cast<std::uint16_t>(i);
+    std::sort(rows.begin(), rows.end(),
+              [](std::uint16_t a, std::uint16_t b) { return kCommandTable[a].name < kCommandTable[b].name; });
+    return rows;
+  }();
   return order;
-}();
-
-constexpr bool NamesAreUnique() {
-  for (std::size_t i = 1; i < kCommandCount; ++i) {
-    if (kCommandTable[kByName[i - 1]].name == kCommandTable[kByName[i]].name) return false;
-  }
-  return true;
 }
-static_assert(NamesAreUnique(), "a command name stands twice in Commands.def");
 
 constexpr std::string_view kShapeNames[] = {
 #define ZDL_SHAPE(name, kind) #name,
@@ -41,9 +38,10 @@ constexpr EShapeKind kShapeKinds[] = {
 }  // namespace
 
 const TCommandRow* FindCommand(std::string_view name) {
-  auto it = std::lower_bound(kByName.begin(), kByName.end(), name,
+  const auto& rows = RowsByName();
+  auto it = std::lower_bound(rows.begin(), rows.end(), name,
                              [](std::uint16_t row, std::string_view key) { return kCommandTable[row].name < key; });
-  if (it == kByName.end() || kCommandTable[*it].name != name) return nullptr;
+  if (it == rows.end() || kCommandTable[*it].name != name) return nullptr;
   return &kCommandTable[*it];
 }
 

@@ -63,8 +63,16 @@ constexpr std::string_view RecordColumn(std::string_view text) {
 }
 }  // namespace CommandTableTokens
 
-// All commands, in catalogue order.
-inline constexpr std::array kCommandTable = {
+// Number of rows of the table.
+inline constexpr std::size_t kCommandCount = 0
+#define ZDL_COMMAND(name, verb, scope, shape, record, function, firmCheck) +1
+#include "api/Commands.def"
+#undef ZDL_COMMAND
+    ;
+
+// All commands, in catalogue order. The size is spelt out: deducing it from
+// 994 initialisers is more than some compilers allow.
+inline constexpr std::array<TCommandRow, kCommandCount> kCommandTable = {{
 #define ZDL_COMMAND(name, verb, scope, shape, record, function, firmCheck)                          \
   TCommandRow{#name,                                                                                \
               ECommandVerb::verb,                                                                   \
@@ -75,8 +83,7 @@ inline constexpr std::array kCommandTable = {
               CommandTableTokens::firmCheck},
 #include "api/Commands.def"
 #undef ZDL_COMMAND
-};
-inline constexpr std::size_t kCommandCount = kCommandTable.size();
+}};
 
 // The row of a command, or null for a name that is not in the table. The
 // comparison is exact: a name that differs only in case is unknown.

@@ -25,8 +25,17 @@ ZDL_EXPORT int InitDB(const std::string& libraryList, const std::string& serverS
 // Frees every file `user` holds on `port`. 0 for an unknown port, else 1.
 ZDL_EXPORT int Reset(int user, int port);
 
-// The name of the library `user` holds on `port`, or an empty string.
+// The name of the library `user` holds on `port`, or an empty string. The
+// server calls it with C linkage and takes the string object itself, since it
+// shares the compiler and standard library with the module.
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreturn-type-c-linkage"
+#endif
 ZDL_EXPORT std::string GetDLInUse(int user, int port);
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
 
 // Handles one request in place: arguments in `message`, the reply goes back in
 // it. Returns 1 on success, 0 on failure. A malformed message raises

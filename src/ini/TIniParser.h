@@ -414,7 +414,7 @@ class TIniParser {
   TClientToMarginTemplateMap m_marginTemplatesByClient;
   TClientSectionsMap m_restrictionTemplates;
   std::map<std::string, std::vector<std::string>, StringMapComparerFunc> m_templateStringMemo;
-  const TKeyMap m_emptySection;
+  const TKeyMap m_emptySection{};
   std::istringstream m_in;
   std::ostringstream m_out;
 };
