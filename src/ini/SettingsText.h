@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstring>
 #include <istream>
+#include <streambuf>
 #include <map>
 #include <string>
 #include <string_view>
@@ -129,10 +130,7 @@ class TSettingsLineReader {
       m_valuesDone = m_valuesDone || m_insideValues;
       m_insideValues = false;
       if (!m_valuesDone) m_insideValues = IsSameSettingsName(m_pending, kClientCvalSectionName);
-      auto it = m_sections->lower_bound(std::string_view(m_pending));
-      if (it == m_sections->end() || m_sections->key_comp()(std::string_view(m_pending), it->first))
-        it = m_sections->emplace_hint(it, m_pending, typename TSections::mapped_type());
-      m_current = &it->second;
+      m_current = &FindOrAddSection(std::string_view(m_pending));
       m_hasPending = false;
       m_pending.clear();
     }
@@ -143,6 +141,20 @@ class TSettingsLineReader {
   }
 
  private:
+  // The section of that name, entered with an empty key map when new. Text
+  // written by this system lists its sections in map order, so the end of
+  // the map is tried first, sparing a descent of a large map per section.
+  typename TSections::mapped_type& FindOrAddSection(std::string_view name) {
+    const auto& less = m_sections->key_comp();
+    auto hint = m_sections->end();
+    if (!m_sections->empty() && !less(m_sections->rbegin()->first, name)) {
+      hint = m_sections->lower_bound(name);
+      if (hint != m_sections->end() && !less(name, hint->first)) return hint->second;
+    }
+    return m_sections->emplace_hint(hint, std::piecewise_construct, std::forward_as_tuple(name), std::tuple<>())
+        ->second;
+  }
+
   char m_comment;
   TSections* m_sections;
   TValues* m_clientValues;
@@ -198,6 +210,26 @@ void FeedStream(std::istream& in, TReader& reader) {
 }
 
 }  // namespace SettingsTextDetail
+
+// An input stream over bytes in memory that it neither copies nor owns: the
+// text of a firm handed over whole is read in place. The bytes must outlive
+// the stream.
+class TMemoryInputStream : public std::istream {
+ public:
+  explicit TMemoryInputStream(std::string_view text) : std::istream(nullptr), m_buf(text) { rdbuf(&m_buf); }
+  TMemoryInputStream(const TMemoryInputStream&) = delete;
+  TMemoryInputStream& operator=(const TMemoryInputStream&) = delete;
+
+ private:
+  class TBuf : public std::streambuf {
+   public:
+    explicit TBuf(std::string_view text) {
+      char* begin = const_cast<char*>(text.data());  // never written through: no put area
+      setg(begin, begin, begin + text.size());
+    }
+  };
+  TBuf m_buf;
+};
 
 // Reads a settings text from the stream to its end into the sections map and
 // the client-value map (both the caller's; entries already there are kept and

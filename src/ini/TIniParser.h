@@ -415,8 +415,7 @@ class TIniParser {
   TClientSectionsMap m_restrictionTemplates;
   std::map<std::string, std::vector<std::string>, StringMapComparerFunc> m_templateStringMemo;
   const TKeyMap m_emptySection;
-  std::istringstream m_in;
-  std::ostringstream m_out;
+  std::ostringstream m_out;  // number formatting of SetIniParam
 };
 
 }  // namespace DL
