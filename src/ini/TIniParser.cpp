@@ -95,8 +95,7 @@ int TIniParser::Init(const char* source, int mode, char comment, unsigned /*flag
     std::ifstream file;
     if (source) file.open(source, std::ios::in | std::ios::binary);
     if (!file.is_open()) {
-      InitSectionNames();
-      DivideSectionsIntoGroups();
+      IndexSections();
       return 0;
     }
     ParseSettings(file, comment, &m_sections, &m_cvalSection);
@@ -105,16 +104,41 @@ int TIniParser::Init(const char* source, int mode, char comment, unsigned /*flag
     TMemoryInputStream in(source ? std::string_view(source) : std::string_view());
     ParseSettings(in, comment, &m_sections, &m_cvalSection);
   } else {
-    InitSectionNames();
-    DivideSectionsIntoGroups();
+    IndexSections();
     return 0;
   }
-  InitSectionNames();
-  DivideSectionsIntoGroups();
+  IndexSections();
   return 1;
 }
 
+void TIniParser::IndexSections() {
+  // InitSectionNames and DivideSectionsIntoGroups in one walk of the map: a
+  // large map is scattered over memory, and each section's upper name
+  // serves both.
+  StartSectionNames();
+  StartGroups();
+  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) {
+    m_sectionNames.push_back(it->first);
+    std::string& up = m_sectionNamesUp.emplace_back(it->first);
+    UpperInPlace(up);
+    TSectionClass c;
+    c.group = SectionsGroupOfUpper(it->first, up, c.name, c.client, c.templ, c.limitKind, c.clientKind);
+    AddSectionIntoSectionsGroup_Body(it, c);
+  }
+  FinishSectionNames();
+  FinishGroups();
+}
+
 void TIniParser::InitSectionNames() {
+  StartSectionNames();
+  for (const auto& [name, keys] : m_sections) {
+    m_sectionNames.push_back(name);
+    UpperInPlace(m_sectionNamesUp.emplace_back(name));
+  }
+  FinishSectionNames();
+}
+
+void TIniParser::StartSectionNames() {
   ++m_namesGeneration;
   m_sectionNamesUp.clear();
   m_sectionNamesUpOrdered.clear();
@@ -122,10 +146,9 @@ void TIniParser::InitSectionNames() {
   m_sectionNamesUp.reserve(m_sections.size());
   m_sectionNamesUpOrdered.reserve(m_sections.size());
   m_sectionNames.reserve(m_sections.size());
-  for (const auto& [name, keys] : m_sections) {
-    m_sectionNames.push_back(name);
-    UpperInPlace(m_sectionNamesUp.emplace_back(name));
-  }
+}
+
+void TIniParser::FinishSectionNames() {
   // The map's order is the byte order of the upper names as long as no byte
   // has its high bit set, and the byte order of the names where their case
   // agrees: both vectors come in few sorted runs, mostly in one.
@@ -141,6 +164,13 @@ TIniParser::ESectType TIniParser::GetSectionsGroupNum(const std::string& section
                                                       std::int64_t& limitKind, int& clientKind) {
   std::string up = section;
   UpperInPlace(up);
+  return SectionsGroupOfUpper(section, up, name, client, templ, limitKind, clientKind);
+}
+
+TIniParser::ESectType TIniParser::SectionsGroupOfUpper(const std::string& section, const std::string& up,
+                                                       std::string& name, std::string& client,
+                                                       std::string& templ, std::int64_t& limitKind,
+                                                       int& clientKind) {
   const std::string& cl = PartUp(pscCl);
 
   if (StartsWith(up, GetIniSectCodeUp(iscCommissionScaleBoards))) {
@@ -249,9 +279,17 @@ void TIniParser::ClearGroups() {
 }
 
 void TIniParser::DivideSectionsIntoGroups() {
+  StartGroups();
+  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
+  FinishGroups();
+}
+
+void TIniParser::StartGroups() {
   ClearGroups();
   FillKnownGlobalSections();
-  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
+}
+
+void TIniParser::FinishGroups() {
   for (const auto& [up, name] : supGlobSectCodeUpToSectCodes_) m_globalSections.emplace(name, m_sections.end());
 }
 
