@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <iterator>
 #include <random>
 #include <sstream>
 #include <string>
@@ -232,6 +233,29 @@ TEST_F(SettingsTextTest, MemoryFormReadsAsTheStreamForm) {
   EXPECT_EQ(Flat(fromMemory.sections), Flat(fromStream.sections));
   EXPECT_EQ(Flat(fromMemory.values), Flat(fromStream.values));
   EXPECT_EQ(Flat(fromStream.sections), (Sections{{"a", {{"z", "2"}}}, {"B", {{"k", "1"}}}, {"ClientCval", {}}}));
+}
+
+// ---- The stream over a text in memory ----
+
+TEST_F(SettingsTextTest, MemoryStreamReadsLikeAStringStream) {
+  for (const std::string& text : {std::string(), std::string("[A]\r\nk=1\r\n\r\n[B]\nx = 2 ; c\nlast=3"),
+                                 std::string("[ClientCval]\nC1=1\n[A]\nk=1\n")}) {
+    Parsed fromMemory;
+    DL::TMemoryInputStream in(text);
+    DL::ParseSettings(in, ';', &fromMemory.sections, &fromMemory.values);
+    const Parsed fromStream = Parse(text);
+    EXPECT_EQ(Flat(fromMemory.sections), Flat(fromStream.sections)) << text;
+    EXPECT_EQ(Flat(fromMemory.values), Flat(fromStream.values)) << text;
+    EXPECT_TRUE(in.eof());
+    EXPECT_TRUE(in.fail());
+  }
+}
+
+TEST_F(SettingsTextTest, MemoryStreamReadsTheBytesInPlace) {
+  const std::string text = "abc";
+  DL::TMemoryInputStream in(std::string_view(text).substr(1));  // a view into the middle
+  std::string all((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(all, "bc");
 }
 
 // Stands in for the reader while a test runs.
