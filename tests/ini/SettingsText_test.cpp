@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <random>
@@ -378,6 +379,38 @@ TEST_F(SettingsTextTest, LinesAcrossReadBlocksReadAsInMemory) {
   const Parsed fromStream = Parse(text);
   EXPECT_EQ(fromStream.sections.size(), 97u);  // every name met has key lines
   EXPECT_EQ(Flat(fromStream.sections), Flat(fromMemory.sections));
+}
+
+TEST_F(SettingsTextTest, SectionsInAnyOrderReadAsThePlainScannerReadsThem) {
+  // Sections in map order, in reverse, in runs that interleave, repeated, in
+  // other case, and some already in the map: each is found or entered where
+  // it belongs.
+  std::mt19937 rng(5);
+  for (int round = 0; round < 200; ++round) {
+    std::vector<std::string> names;
+    const int count = 1 + static_cast<int>(rng() % 60);
+    for (int i = 0; i < count; ++i) names.push_back("cl" + std::to_string(1000 + i));
+    const int order = round % 4;
+    if (order == 1) std::reverse(names.begin(), names.end());
+    if (order == 2)
+      for (std::size_t i = 0; i + 1 < names.size(); i += 1 + rng() % 5) std::swap(names[i], names[i + 1]);
+    if (order == 3) std::shuffle(names.begin(), names.end(), rng);
+    std::string text;
+    for (const std::string& name : names) {
+      std::string header = name;
+      if (rng() % 4 == 0) header[0] = 'C';
+      text += "[" + header + "]\nk" + std::to_string(rng() % 3) + "=" + std::to_string(rng() % 10) + "\n";
+      if (rng() % 5 == 0) text += "[" + names[rng() % names.size()] + "]\nr=" + std::to_string(round) + "\n";
+      if (rng() % 7 == 0) text += "[" + header + "_Margin]\nm=1\n";
+    }
+    Parsed p;
+    Parsed plain;
+    for (Parsed* into : {&p, &plain}) into->sections["cl1005"]["pre"] = "1";
+    std::istringstream in(text), inPlain(text);
+    DL::ParseSettings(in, ';', &p.sections, &p.values);
+    zbench::ParseSettingsByLines(inPlain, ';', &plain.sections, &plain.values);
+    ASSERT_EQ(Flat(p.sections), Flat(plain.sections)) << "round " << round;
+  }
 }
 
 TEST_F(SettingsTextTest, BinaryGarbageReadsAsThePlainScannerReadsIt) {
