@@ -18,6 +18,7 @@ struct TSettingsTextShape {
   std::size_t paramsPerClient = 20;   // key lines per client section, at most 24
   bool crlf = true;                   // "\r\n" and an empty line after each section, as the normalizer writes
   std::uint32_t seed = 1;             // varies the values, not the layout
+  bool allGroups = false;             // also margin, restriction and commission scale sections of every group
 };
 
 namespace detail {
@@ -124,6 +125,60 @@ inline std::string GenerateSettingsText(const TSettingsTextShape& shape) {
     w.Key("Leverage", std::to_string(t + 1));
     w.Key("TradeCommission", detail::Decimal(r));
     w.End();
+  }
+
+  if (shape.allGroups) {
+    // The general margin section and its limit kinds.
+    w.Header("cl<General>_Margin");
+    w.Key("MarginCallLevel", detail::Decimal(r));
+    w.Key("CloseLevel", detail::Decimal(r));
+    w.End();
+    w.Header("cl<General>_Margin_LimitKind_2");
+    w.Key("MarginCallLevel", detail::Decimal(r));
+    w.End();
+    // Client masks: one prefix margin section per hundred codes.
+    for (std::size_t p = 0; p * 100 < shape.clients && p < 50; ++p) {
+      w.Header("cl" + ClientCode(p * 100).substr(0, 5) + "*_Margin");
+      w.Key("MarginCallLevel", detail::Decimal(r));
+      w.End();
+    }
+    // Margin templates with leverages and client lists, one with a limit kind.
+    for (std::size_t t = 0; t < 5; ++t) {
+      const std::string name = "clMarginTemplate" + std::to_string(t) + "_Margin_Template";
+      w.Header(name);
+      std::string clients;
+      for (std::size_t i = t + 1; i < shape.clients && i < t + 300; i += 5)
+        clients += (clients.empty() ? "" : ",") + ClientCode(i);
+      w.Key("Clients", clients);
+      w.Key("IncludeClientsWithLeverage", std::to_string(t + 1) + "," + std::to_string(t + 1) + ".5");
+      w.Key("MarginCallLevel", detail::Decimal(r));
+      w.End();
+      if (t == 0) {
+        w.Header(name + "_LimitKind_1");
+        w.Key("MarginCallLevel", detail::Decimal(r));
+        w.End();
+      }
+    }
+    for (std::size_t t = 0; t < 3; ++t) {
+      w.Header("clRestr" + std::to_string(t) + "_Restriction_Template");
+      w.Key("Clients", ClientCode(t) + "," + ClientCode(t + 3));
+      w.Key("RestrictSecurity", "SBER,GAZP");
+      w.End();
+    }
+    w.Header("CommissionScaleBoards");
+    w.Key("TQBR", "1");
+    w.End();
+    w.Header("bdTQBR_CommissionScale");
+    w.Key("0", "0.05");
+    w.Key("1000000", "0.03");
+    w.End();
+    // One margin section per fiftieth client.
+    for (std::size_t i = 0; i < shape.clients; i += 50) {
+      w.Header("cl" + ClientCode(i) + "_Margin");
+      w.Key("MarginCallLevel", detail::Decimal(r));
+      w.Key("CloseLevel", detail::Decimal(r));
+      w.End();
+    }
   }
 
   const std::size_t params = shape.paramsPerClient < std::size(detail::kClientKeys) ? shape.paramsPerClient

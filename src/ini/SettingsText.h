@@ -7,7 +7,9 @@
 // the system never sets a locale.
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 #include <istream>
+#include <streambuf>
 #include <map>
 #include <string>
 #include <string_view>
@@ -129,10 +131,7 @@ class TSettingsLineReader {
       m_valuesDone = m_valuesDone || m_insideValues;
       m_insideValues = false;
       if (!m_valuesDone) m_insideValues = IsSameSettingsName(m_pending, kClientCvalSectionName);
-      auto it = m_sections->lower_bound(std::string_view(m_pending));
-      if (it == m_sections->end() || m_sections->key_comp()(std::string_view(m_pending), it->first))
-        it = m_sections->emplace_hint(it, m_pending, typename TSections::mapped_type());
-      m_current = &it->second;
+      m_current = &FindOrAddSection(std::string_view(m_pending));
       m_hasPending = false;
       m_pending.clear();
     }
@@ -143,12 +142,46 @@ class TSettingsLineReader {
   }
 
  private:
+  // The section of that name, entered with an empty key map when new. The
+  // sections of a text mostly follow one another in map order, or nearly so
+  // (a text written by this system is in map order): the place behind the
+  // section met last is tried first, a few steps on, sparing a descent of a
+  // large map per section.
+  typename TSections::mapped_type& FindOrAddSection(std::string_view name) {
+    constexpr int kStepsFromLast = 4;
+    const auto& less = m_sections->key_comp();
+    if (m_hasLast && less(m_last->first, name)) {
+      auto next = std::next(m_last);
+      for (int step = 0; step < kStepsFromLast && next != m_sections->end() && less(next->first, name); ++step)
+        ++next;
+      if (next == m_sections->end() || less(name, next->first)) return Enter(next, name);
+      if (!less(next->first, name)) return Remember(next);  // that very section
+    } else if (m_hasLast && !less(name, m_last->first)) {
+      return m_last->second;  // the same section once more
+    }
+    const auto found = m_sections->lower_bound(name);
+    if (found != m_sections->end() && !less(name, found->first)) return Remember(found);
+    return Enter(found, name);
+  }
+  // Enters a new section right before `before`, where it belongs.
+  typename TSections::mapped_type& Enter(typename TSections::iterator before, std::string_view name) {
+    return Remember(
+        m_sections->emplace_hint(before, std::piecewise_construct, std::forward_as_tuple(name), std::tuple<>()));
+  }
+  typename TSections::mapped_type& Remember(typename TSections::iterator it) {
+    m_last = it;
+    m_hasLast = true;
+    return it->second;
+  }
+
   char m_comment;
   TSections* m_sections;
   TValues* m_clientValues;
   std::string m_pending;                                   // header met, not yet entered
   bool m_hasPending = false;
   typename TSections::mapped_type* m_current = nullptr;    // section of the key lines
+  typename TSections::iterator m_last{};                   // the section met last, if m_hasLast
+  bool m_hasLast = false;
   bool m_insideValues = false;                             // key lines go to the client values
   bool m_valuesDone = false;                               // the first ClientCval run is over
 };
@@ -198,6 +231,26 @@ void FeedStream(std::istream& in, TReader& reader) {
 }
 
 }  // namespace SettingsTextDetail
+
+// An input stream over bytes in memory that it neither copies nor owns: the
+// text of a firm handed over whole is read in place. The bytes must outlive
+// the stream.
+class TMemoryInputStream : public std::istream {
+ public:
+  explicit TMemoryInputStream(std::string_view text) : std::istream(nullptr), m_buf(text) { rdbuf(&m_buf); }
+  TMemoryInputStream(const TMemoryInputStream&) = delete;
+  TMemoryInputStream& operator=(const TMemoryInputStream&) = delete;
+
+ private:
+  class TBuf : public std::streambuf {
+   public:
+    explicit TBuf(std::string_view text) {
+      char* begin = const_cast<char*>(text.data());  // never written through: no put area
+      setg(begin, begin, begin + text.size());
+    }
+  };
+  TBuf m_buf;
+};
 
 // Reads a settings text from the stream to its end into the sections map and
 // the client-value map (both the caller's; entries already there are kept and

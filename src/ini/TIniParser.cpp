@@ -24,6 +24,42 @@ const std::string& PartUp(TIniParser::EPartIniSectCodeNum code) { return TIniPar
 bool StartsWith(std::string_view s, std::string_view p) { return s.starts_with(p); }
 bool EndsWith(std::string_view s, std::string_view p) { return s.ends_with(p); }
 
+// Upper-cases the ASCII letters, as toupper does under the "C" locale.
+void UpperInPlace(std::string& text) {
+  for (char& c : text) c = ToUpperAscii(c);
+}
+
+// Sorts a vector of texts in byte order. Texts that already stand in a few
+// ascending runs (names taken in the order of a case-insensitive map) are
+// sorted by merging the runs, which costs one comparison per text when the
+// vector is sorted already; many runs are left to std::sort.
+void SortSortedRuns(std::vector<std::string>& texts) {
+  constexpr std::size_t kMaxRunsToMerge = 64;
+  std::vector<std::size_t> bounds{0};  // where each run begins, then the end
+  for (std::size_t i = 1; i < texts.size(); ++i) {
+    if (texts[i] < texts[i - 1]) {
+      if (bounds.size() == kMaxRunsToMerge) {
+        std::sort(texts.begin(), texts.end());
+        return;
+      }
+      bounds.push_back(i);
+    }
+  }
+  bounds.push_back(texts.size());
+  while (bounds.size() > 2) {
+    std::vector<std::size_t> merged;
+    merged.reserve(bounds.size() / 2 + 2);
+    std::size_t j = 0;
+    for (; j + 2 < bounds.size(); j += 2) {
+      const auto at = [&](std::size_t k) { return texts.begin() + static_cast<std::ptrdiff_t>(bounds[k]); };
+      std::inplace_merge(at(j), at(j + 1), at(j + 2));
+      merged.push_back(bounds[j]);
+    }
+    for (; j < bounds.size(); ++j) merged.push_back(bounds[j]);  // an odd run, and the end
+    bounds.swap(merged);
+  }
+}
+
 // The number behind "_LimitKind_", read by strtol.
 std::int64_t LimitKindAt(const std::string& section, std::size_t pos) {
   return std::strtol(section.c_str() + pos, nullptr, 10);
@@ -59,27 +95,50 @@ int TIniParser::Init(const char* source, int mode, char comment, unsigned /*flag
     std::ifstream file;
     if (source) file.open(source, std::ios::in | std::ios::binary);
     if (!file.is_open()) {
-      InitSectionNames();
-      DivideSectionsIntoGroups();
+      IndexSections();
       return 0;
     }
     ParseSettings(file, comment, &m_sections, &m_cvalSection);
   } else if (mode == SourceText) {
-    m_in.clear();
-    m_in.str(source ? source : "");
-    ParseSettings(m_in, comment, &m_sections, &m_cvalSection);
-    m_in.str(std::string());
+    // The text is read where it stands, not copied into a stream of its own.
+    TMemoryInputStream in(source ? std::string_view(source) : std::string_view());
+    ParseSettings(in, comment, &m_sections, &m_cvalSection);
   } else {
-    InitSectionNames();
-    DivideSectionsIntoGroups();
+    IndexSections();
     return 0;
   }
-  InitSectionNames();
-  DivideSectionsIntoGroups();
+  IndexSections();
   return 1;
 }
 
+void TIniParser::IndexSections() {
+  // InitSectionNames and DivideSectionsIntoGroups in one walk of the map: a
+  // large map is scattered over memory, and each section's upper name
+  // serves both.
+  StartSectionNames();
+  StartGroups();
+  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) {
+    m_sectionNames.push_back(it->first);
+    std::string& up = m_sectionNamesUp.emplace_back(it->first);
+    UpperInPlace(up);
+    TSectionClass c;
+    c.group = SectionsGroupOfUpper(it->first, up, c.name, c.client, c.templ, c.limitKind, c.clientKind);
+    AddSectionIntoSectionsGroup_Body(it, c);
+  }
+  FinishSectionNames();
+  FinishGroups();
+}
+
 void TIniParser::InitSectionNames() {
+  StartSectionNames();
+  for (const auto& [name, keys] : m_sections) {
+    m_sectionNames.push_back(name);
+    UpperInPlace(m_sectionNamesUp.emplace_back(name));
+  }
+  FinishSectionNames();
+}
+
+void TIniParser::StartSectionNames() {
   ++m_namesGeneration;
   m_sectionNamesUp.clear();
   m_sectionNamesUpOrdered.clear();
@@ -87,13 +146,15 @@ void TIniParser::InitSectionNames() {
   m_sectionNamesUp.reserve(m_sections.size());
   m_sectionNamesUpOrdered.reserve(m_sections.size());
   m_sectionNames.reserve(m_sections.size());
-  for (const auto& [name, keys] : m_sections) {
-    m_sectionNames.push_back(name);
-    m_sectionNamesUp.push_back(StrUpper(name));
-  }
-  std::sort(m_sectionNamesUp.begin(), m_sectionNamesUp.end());
-  std::sort(m_sectionNames.begin(), m_sectionNames.end());
-  for (const std::string& name : m_sectionNames) m_sectionNamesUpOrdered.push_back(StrUpper(name));
+}
+
+void TIniParser::FinishSectionNames() {
+  // The map's order is the byte order of the upper names as long as no byte
+  // has its high bit set, and the byte order of the names where their case
+  // agrees: both vectors come in few sorted runs, mostly in one.
+  SortSortedRuns(m_sectionNamesUp);
+  SortSortedRuns(m_sectionNames);
+  for (const std::string& name : m_sectionNames) UpperInPlace(m_sectionNamesUpOrdered.emplace_back(name));
 }
 
 // ---- Classifying sections ----
@@ -101,7 +162,15 @@ void TIniParser::InitSectionNames() {
 TIniParser::ESectType TIniParser::GetSectionsGroupNum(const std::string& section, std::string& name,
                                                       std::string& client, std::string& templ,
                                                       std::int64_t& limitKind, int& clientKind) {
-  const std::string up = StrUpper(section);
+  std::string up = section;
+  UpperInPlace(up);
+  return SectionsGroupOfUpper(section, up, name, client, templ, limitKind, clientKind);
+}
+
+TIniParser::ESectType TIniParser::SectionsGroupOfUpper(const std::string& section, const std::string& up,
+                                                       std::string& name, std::string& client,
+                                                       std::string& templ, std::int64_t& limitKind,
+                                                       int& clientKind) {
   const std::string& cl = PartUp(pscCl);
 
   if (StartsWith(up, GetIniSectCodeUp(iscCommissionScaleBoards))) {
@@ -164,7 +233,7 @@ TIniParser::ESectType TIniParser::GetSectionsGroupNum(const std::string& section
     if (endsWithMargin || limitKindBehind) {
       client = section.substr(cl.size(), marginPos - cl.size());
       limitKind = endsWithMargin ? 0 : LimitKindAt(section, behindMargin + limitKindMark.size());
-      if (StrUpper(client) == PartUp(pscGeneral)) {
+      if (IsSameSettingsName(client, PartUp(pscGeneral))) {
         clientKind = 0;
       } else if (!client.empty() && client.back() == '*') {
         client.pop_back();
@@ -210,9 +279,17 @@ void TIniParser::ClearGroups() {
 }
 
 void TIniParser::DivideSectionsIntoGroups() {
+  StartGroups();
+  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
+  FinishGroups();
+}
+
+void TIniParser::StartGroups() {
   ClearGroups();
   FillKnownGlobalSections();
-  for (auto it = m_sections.begin(); it != m_sections.end(); ++it) AddSectionIntoSectionsGroup(it);
+}
+
+void TIniParser::FinishGroups() {
   for (const auto& [up, name] : supGlobSectCodeUpToSectCodes_) m_globalSections.emplace(name, m_sections.end());
 }
 
@@ -224,10 +301,12 @@ void TIniParser::AddSectionIntoSectionsGroup(TSectionIt it) {
 void TIniParser::AddSectionIntoSectionsGroup_Body(TSectionIt it, const TSectionClass& c) {
   switch (c.group) {
     case SectClient:
-      m_clientSections.emplace(c.client, it);
+      // DivideSectionsIntoGroups enters the sections in map order, and the
+      // clients with them: the end is the place to try first.
+      m_clientSections.emplace_hint(m_clientSections.end(), c.client, it);
       break;
     case SectClientTemplate: {
-      const auto templIt = m_clientTemplates.emplace(c.templ, it).first;
+      const auto templIt = m_clientTemplates.emplace_hint(m_clientTemplates.end(), c.templ, it);
       const std::string& list = GetIniParamString(it, ipcIncludeClientsWithLeverage, EmptyString());
       for (const std::string& item : SplitList(list)) {
         const std::int64_t leverage = GetLeverageFromString(item.c_str());
@@ -237,8 +316,9 @@ void TIniParser::AddSectionIntoSectionsGroup_Body(TSectionIt it, const TSectionC
     }
     case SectGlobal:
     case SectSetOfInstruments: {
-      const auto [entry, inserted] = m_globalSections.emplace(c.name, it);
-      if (!inserted && entry->second == m_sections.end()) entry->second = it;
+      const std::size_t before = m_globalSections.size();
+      const auto entry = m_globalSections.emplace_hint(m_globalSections.end(), c.name, it);
+      if (m_globalSections.size() == before && entry->second == m_sections.end()) entry->second = it;
       break;
     }
     case SectMarginClient: {
@@ -246,13 +326,13 @@ void TIniParser::AddSectionIntoSectionsGroup_Body(TSectionIt it, const TSectionC
       if (c.clientKind == 0)
         m_marginGlobal.emplace(kind, it);
       else if (c.clientKind == 1)
-        m_marginPrefixClients[c.client].emplace(kind, it);
+        m_marginPrefixClients.try_emplace(m_marginPrefixClients.end(), c.client)->second.emplace(kind, it);
       else
-        m_marginClients[c.client].emplace(kind, it);
+        m_marginClients.try_emplace(m_marginClients.end(), c.client)->second.emplace(kind, it);
       break;
     }
     case SectMarginTemplate: {
-      const auto templIt = m_marginTemplates.try_emplace(c.templ).first;
+      const auto templIt = m_marginTemplates.try_emplace(m_marginTemplates.end(), c.templ);
       templIt->second.emplace(static_cast<std::uint64_t>(c.limitKind), it);
       if (c.limitKind != 0) break;
       const std::string& levers = GetIniParamString(it, ipcIncludeClientsWithLeverage, EmptyString());
@@ -266,7 +346,7 @@ void TIniParser::AddSectionIntoSectionsGroup_Body(TSectionIt it, const TSectionC
       break;
     }
     case SectRestrictionTemplate:
-      m_restrictionTemplates.emplace(c.templ, it);
+      m_restrictionTemplates.emplace_hint(m_restrictionTemplates.end(), c.templ, it);
       break;
     default:  // commission scales, volume-based commission, invalid limit kinds
       break;

@@ -389,7 +389,18 @@ class TIniParser {
     return m_out.str();
   }
   TSectionIt CreateSectionUngrouped(const std::string& name);
+  // GetSectionsGroupNum for a name whose upper form is at hand.
+  static ESectType SectionsGroupOfUpper(const std::string& section, const std::string& up, std::string& name,
+                                        std::string& client, std::string& templ, std::int64_t& limitKind,
+                                        int& clientKind);
+  // InitSectionNames and DivideSectionsIntoGroups, with the same outcome,
+  // in one walk of the sections map: the indexing step of Init.
+  void IndexSections();
+  void StartSectionNames();   // a new generation of empty name vectors
+  void FinishSectionNames();  // sorts them, fills the upper forms in written order
   void DivideSectionsIntoGroups();
+  void StartGroups();   // empty group maps, the known global sections listed
+  void FinishGroups();  // each known global section absent from the text enters without a section
   void AddSectionIntoSectionsGroup_Body(TSectionIt it, const TSectionClass& c);
   void RemoveSectionFromSectionsGroup_Body(TSectionIt it, const TSectionClass& c);
   void ClearGroups();
@@ -415,8 +426,7 @@ class TIniParser {
   TClientSectionsMap m_restrictionTemplates;
   std::map<std::string, std::vector<std::string>, StringMapComparerFunc> m_templateStringMemo;
   const TKeyMap m_emptySection{};
-  std::istringstream m_in;
-  std::ostringstream m_out;
+  std::ostringstream m_out;  // number formatting of SetIniParam
 };
 
 }  // namespace DL

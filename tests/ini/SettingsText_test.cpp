@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <random>
 #include <sstream>
 #include <string>
@@ -234,6 +236,29 @@ TEST_F(SettingsTextTest, MemoryFormReadsAsTheStreamForm) {
   EXPECT_EQ(Flat(fromStream.sections), (Sections{{"a", {{"z", "2"}}}, {"B", {{"k", "1"}}}, {"ClientCval", {}}}));
 }
 
+// ---- The stream over a text in memory ----
+
+TEST_F(SettingsTextTest, MemoryStreamReadsLikeAStringStream) {
+  for (const std::string& text : {std::string(), std::string("[A]\r\nk=1\r\n\r\n[B]\nx = 2 ; c\nlast=3"),
+                                 std::string("[ClientCval]\nC1=1\n[A]\nk=1\n")}) {
+    Parsed fromMemory;
+    DL::TMemoryInputStream in(text);
+    DL::ParseSettings(in, ';', &fromMemory.sections, &fromMemory.values);
+    const Parsed fromStream = Parse(text);
+    EXPECT_EQ(Flat(fromMemory.sections), Flat(fromStream.sections)) << text;
+    EXPECT_EQ(Flat(fromMemory.values), Flat(fromStream.values)) << text;
+    EXPECT_TRUE(in.eof());
+    EXPECT_TRUE(in.fail());
+  }
+}
+
+TEST_F(SettingsTextTest, MemoryStreamReadsTheBytesInPlace) {
+  const std::string text = "abc";
+  DL::TMemoryInputStream in(std::string_view(text).substr(1));  // a view into the middle
+  std::string all((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(all, "bc");
+}
+
 // Stands in for the reader while a test runs.
 int g_replacementCalls = 0;
 void CountingReader(std::istream&, char comment, DL::TIniSectionsMap* sections, DL::TIniClientValueMap*) {
@@ -354,6 +379,38 @@ TEST_F(SettingsTextTest, LinesAcrossReadBlocksReadAsInMemory) {
   const Parsed fromStream = Parse(text);
   EXPECT_EQ(fromStream.sections.size(), 97u);  // every name met has key lines
   EXPECT_EQ(Flat(fromStream.sections), Flat(fromMemory.sections));
+}
+
+TEST_F(SettingsTextTest, SectionsInAnyOrderReadAsThePlainScannerReadsThem) {
+  // Sections in map order, in reverse, in runs that interleave, repeated, in
+  // other case, and some already in the map: each is found or entered where
+  // it belongs.
+  std::mt19937 rng(5);
+  for (int round = 0; round < 200; ++round) {
+    std::vector<std::string> names;
+    const int count = 1 + static_cast<int>(rng() % 60);
+    for (int i = 0; i < count; ++i) names.push_back("cl" + std::to_string(1000 + i));
+    const int order = round % 4;
+    if (order == 1) std::reverse(names.begin(), names.end());
+    if (order == 2)
+      for (std::size_t i = 0; i + 1 < names.size(); i += 1 + rng() % 5) std::swap(names[i], names[i + 1]);
+    if (order == 3) std::shuffle(names.begin(), names.end(), rng);
+    std::string text;
+    for (const std::string& name : names) {
+      std::string header = name;
+      if (rng() % 4 == 0) header[0] = 'C';
+      text += "[" + header + "]\nk" + std::to_string(rng() % 3) + "=" + std::to_string(rng() % 10) + "\n";
+      if (rng() % 5 == 0) text += "[" + names[rng() % names.size()] + "]\nr=" + std::to_string(round) + "\n";
+      if (rng() % 7 == 0) text += "[" + header + "_Margin]\nm=1\n";
+    }
+    Parsed p;
+    Parsed plain;
+    for (Parsed* into : {&p, &plain}) into->sections["cl1005"]["pre"] = "1";
+    std::istringstream in(text), inPlain(text);
+    DL::ParseSettings(in, ';', &p.sections, &p.values);
+    zbench::ParseSettingsByLines(inPlain, ';', &plain.sections, &plain.values);
+    ASSERT_EQ(Flat(p.sections), Flat(plain.sections)) << "round " << round;
+  }
 }
 
 TEST_F(SettingsTextTest, BinaryGarbageReadsAsThePlainScannerReadsIt) {

@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <istream>
+#include <iterator>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -33,6 +37,86 @@ TEST_F(TIniParserTest, TextModeReadsSectionsAndClientValues) {
   EXPECT_EQ(p.GetIniSectionNamesNotUpper(), (std::vector<std::string>{"ClientCval", "General", "clC1"}));
   EXPECT_EQ(p.GetIniSectionNames(), (std::vector<std::string>{"CLC1", "CLIENTCVAL", "GENERAL"}));
   EXPECT_EQ(p.GetIniSectionNamesUpperOrdered(), (std::vector<std::string>{"CLIENTCVAL", "GENERAL", "CLC1"}));
+}
+
+// Section names of every mix of case, with bytes above 127, in an order of
+// their own: the name vectors must come out in plain byte order all the same.
+std::string NamesText(std::size_t count, unsigned seed) {
+  std::string text;
+  unsigned state = seed;
+  for (std::size_t i = 0; i < count; ++i) {
+    state = state * 1103515245u + 12345u;
+    std::string name = "cl";
+    for (int k = 0; k < 4; ++k) {
+      const unsigned r = (state >> (8 + 3 * k)) % 6;
+      name += r == 0 ? 'a' : r == 1 ? 'A' : r == 2 ? 'z' : r == 3 ? 'Z' : r == 4 ? '\xC9' : '_';
+    }
+    name += std::to_string(i);
+    if ((state >> 24) % 3 == 0) name[0] = 'C';
+    text += "[" + name + "]\nk=1\n";
+  }
+  return text;
+}
+
+std::vector<std::string> Sorted(std::vector<std::string> v) {
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+std::string Upper(std::string s) {
+  for (char& c : s)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return s;
+}
+
+TEST_F(TIniParserTest, NameVectorsAreInByteOrderWhateverTheCaseOfTheNames) {
+  for (const std::size_t count : {3u, 40u, 2000u}) {
+    Load(NamesText(count, static_cast<unsigned>(count)));
+    std::vector<std::string> names, upper;
+    for (const auto& [name, keys] : p.GetSections()) {
+      names.push_back(name);
+      upper.push_back(Upper(name));
+    }
+    ASSERT_EQ(names.size(), count);
+    EXPECT_EQ(p.GetIniSectionNamesNotUpper(), Sorted(names)) << count;
+    EXPECT_EQ(p.GetIniSectionNames(), Sorted(upper)) << count;
+    std::vector<std::string> upperOrdered;
+    for (const std::string& name : Sorted(names)) upperOrdered.push_back(Upper(name));
+    EXPECT_EQ(p.GetIniSectionNamesUpperOrdered(), upperOrdered) << count;
+  }
+}
+
+TEST_F(TIniParserTest, NameVectorsOfNamesInMapOrderAreSortedAsWell) {
+  // Upper-case names with no byte above 127: the map's order is the byte order.
+  Load("[B]\nk=1\n[A]\nk=1\n[C_1]\nk=1\n");
+  EXPECT_EQ(p.GetIniSectionNamesNotUpper(), (std::vector<std::string>{"A", "B", "C_1"}));
+  EXPECT_EQ(p.GetIniSectionNames(), (std::vector<std::string>{"A", "B", "C_1"}));
+  // A byte above 127 sorts first in the map, last in byte order.
+  Load("[\xC9X]\nk=1\n[A]\nk=1\n");
+  EXPECT_EQ(p.GetIniSectionNamesNotUpper(), (std::vector<std::string>{"A", "\xC9X"}));
+  EXPECT_EQ(p.GetIniSectionNames(), (std::vector<std::string>{"A", "\xC9X"}));
+}
+
+// Stands in for the settings reader while a test runs.
+int g_readerCalls = 0;
+void RecordingReader(std::istream& in, char comment, DL::TIniSectionsMap* sections, DL::TIniClientValueMap*) {
+  ++g_readerCalls;
+  std::string all((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  (*sections)["clSEEN"]["text"] = all;
+  (*sections)["clSEEN"]["comment"] = std::string(1, comment);
+}
+
+TEST_F(TIniParserTest, TextModeReadsThroughTheReplaceableReader) {
+  const DL::TParseSettingsFunc original = DL::ParseSettings;
+  DL::ParseSettings = &RecordingReader;
+  const int rc = p.Init("[A]\nk=1", TIniParser::SourceText, '#', 1);
+  DL::ParseSettings = original;
+  EXPECT_EQ(rc, 1);
+  EXPECT_EQ(g_readerCalls, 1);
+  EXPECT_EQ(p.GetIniParamString("clSEEN", "text", TIniParser::EmptyString()), "[A]\nk=1");
+  EXPECT_EQ(p.GetIniParamString("clSEEN", "comment", TIniParser::EmptyString()), "#");
+  // The replaced reader's section is grouped like any other.
+  EXPECT_EQ(p.GetClientSettings().count("SEEN"), 1u);
 }
 
 TEST_F(TIniParserTest, FileModeReadsTheFile) {
