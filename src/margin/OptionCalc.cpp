@@ -132,6 +132,10 @@ void TOptCalcDataSetEx::clear() {
 
 double CumulativeNormalDistr(double x) {
   const double a = std::fabs(x);
+  // Beyond 9 the correction p * exp(-a^2 / 2) * 0.39894 is below 1.1e-18,
+  // under half a unit in the last place of 1.0, so r is exactly 1.0: the tail
+  // is answered without the exponential, with the same result.
+  if (a > 9.0) return x < 0 ? 0.0 : 1.0;
   const double t = 1.0 / (0.2316419 * a + 1.0);
   // 0.31938153 t - 0.356563782 t^2 + 1.781477937 t^3 - 1.821255978 t^4
   // + 1.330274429 t^5, in Horner's form.

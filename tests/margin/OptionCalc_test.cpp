@@ -91,6 +91,19 @@ TEST(OptionCalcTest, NormalDistributionWithinTheApproximationError) {
   EXPECT_GT(worst, 1e-9);  // it is the polynomial, not a library's exact function
 }
 
+TEST(OptionCalcTest, NormalDistributionTailIsThePolynomialsOwnLimit) {
+  // Beyond |x| = 9 the polynomial itself rounds to exactly 1 (and 0): the
+  // function gives the same bits as the full evaluation would.
+  for (double x = 8.5; x < 40.0; x += 0.001) {
+    const double t = 1.0 / (0.2316419 * x + 1.0);
+    const double p =
+        t * (0.31938153 + t * (-0.356563782 + t * (1.781477937 + t * (-1.821255978 + t * 1.330274429))));
+    const double r = 1.0 - p * std::exp(-x * x * 0.5) * 0.3989422804014327;
+    ASSERT_EQ(CumulativeNormalDistr(x), r) << x;
+    ASSERT_EQ(CumulativeNormalDistr(-x), 1.0 - r) << x;
+  }
+}
+
 TEST(OptionCalcTest, NormalDistributionTails) {
   EXPECT_EQ(CumulativeNormalDistr(50.0), 1.0);
   EXPECT_EQ(CumulativeNormalDistr(-50.0), 0.0);

@@ -163,6 +163,13 @@ TEST(ZDepoCountTest, ComparisonIgnoresTheScale) {
   EXPECT_TRUE(ZDepoCount(150L, 2) == ZDepoCount(1.5));
 }
 
+TEST(ZDepoCountTest, PlainNumbersCompareOnEitherSide) {
+  EXPECT_TRUE(ZDepoCount(1.0) == 1.0 + 5e-10);
+  EXPECT_TRUE(0.0 < ZDepoCount(1.0));
+  EXPECT_FALSE(1e-10 < ZDepoCount(0.0));
+  EXPECT_TRUE(2.0 >= ZDepoCount(2.0 + 5e-10));
+}
+
 TEST(ZDepoCountTest, ToleranceIsTighterThanTheFreeHelpers) {
   // 5e-8 apart: equal for MIsEqual (1e-7), different for a quantity.
   EXPECT_TRUE(ZDepoCount(1.0) < ZDepoCount(1.0 + 5e-8));
