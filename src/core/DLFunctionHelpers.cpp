@@ -231,7 +231,7 @@ std::string DoubleToString(double value, int decimals) {
     while (r.back() == '0') r.pop_back();
     if (r.back() == '.') r.pop_back();
   }
-  if (r == "-0") r = "0";
+  if (r == "-0") r.erase(0, 1);  // no negative zero in settings text
   return r;
 }
 

@@ -73,6 +73,33 @@ void EraseRowsWithLengthZeroOrGreaterMaxLength(std::vector<std::string>& list, s
 // True if every item is non-empty and at most maxLength long.
 bool Check_LenghtOfListElements(const std::vector<std::string>& list, size_t maxLength);
 
+// ZDL_ string arrays (fields count and items) to containers and text. Null
+// arrays and null items are skipped.
+template <class TArray>
+std::vector<std::string> ConvertStringList(const TArray* list) {
+  std::vector<std::string> r;
+  if (list == nullptr || list->items == nullptr) return r;
+  for (size_t i = 0; i < list->count; ++i)
+    if (list->items[i] != nullptr) r.emplace_back(list->items[i]);
+  return r;
+}
+// The same, trimmed, without empty items and without repeats (first stays).
+template <class TArray>
+std::vector<std::string> ConvertAndCleanStringList(const TArray* list) {
+  std::vector<std::string> r;
+  std::set<std::string> seen;
+  for (std::string& s : ConvertStringList(list)) {
+    s = TrimStr(s);
+    if (!s.empty() && seen.insert(s).second) r.push_back(std::move(s));
+  }
+  return r;
+}
+// The items joined by the delimiter.
+template <class TArray>
+std::string ConvertArrayStringsToString(const TArray* list, char delimiter = ',') {
+  return ListToString(ConvertStringList(list), delimiter);
+}
+
 // ---- Text and numbers ----
 
 // strtol in base 10; def if the text has no number at its start.

@@ -219,3 +219,24 @@ TEST(CurrencyTest, RubRurBecomeSur) {
 }
 
 }  // namespace
+
+namespace {
+
+struct FakeArrayStrings {
+  uint64_t count;
+  char** items;
+};
+
+TEST(ZdlArrayTest, ConvertSkipsNulls) {
+  char a[] = " B ", b[] = "A", c[] = "A", e[] = "";
+  char* items[] = {a, nullptr, b, c, e};
+  FakeArrayStrings list{5, items};
+  EXPECT_EQ(DL::ConvertStringList(&list), (std::vector<std::string>{" B ", "A", "A", ""}));
+  EXPECT_EQ(DL::ConvertAndCleanStringList(&list), (std::vector<std::string>{"B", "A"}));
+  EXPECT_EQ(DL::ConvertArrayStringsToString(&list), " B ,A,A,");
+  EXPECT_TRUE(DL::ConvertStringList<FakeArrayStrings>(nullptr).empty());
+  FakeArrayStrings none{3, nullptr};
+  EXPECT_TRUE(DL::ConvertStringList(&none).empty());
+}
+
+}  // namespace
