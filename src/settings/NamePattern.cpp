@@ -135,7 +135,8 @@ NamePattern NamePattern::WholeName(const std::string& text) {
   }
 
   p.m_kind = EKind::Expression;
-  p.m_regex = std::regex(text, std::regex::ECMAScript);
+  p.m_simple = SimpleExpression::Compile(text);
+  if (!p.m_simple) p.m_regex = std::regex(text, std::regex::ECMAScript);
   if (parts) {
     for (std::string_view part : *parts) {
       if (HasLongEscape(part)) {
@@ -190,8 +191,8 @@ bool NamePattern::Matches(std::string_view name) const {
       }
       return false;
     case EKind::Expression:
-      return name.size() <= kMaxExpressionInput && MayMatch(name) &&
-             std::regex_match(name.begin(), name.end(), m_regex);
+      if (name.size() > kMaxExpressionInput || !MayMatch(name)) return false;
+      return m_simple ? m_simple->Matches(name) : std::regex_match(name.begin(), name.end(), m_regex);
   }
   return false;
 }
