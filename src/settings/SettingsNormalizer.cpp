@@ -1,6 +1,7 @@
 #include "settings/SettingsNormalizer.h"
 
 #include <cctype>
+#include <cstdint>
 #include <fstream>
 #include <istream>
 #include <unordered_map>
@@ -118,12 +119,27 @@ class ListReader {
 
 // -------------------------------------------------------------------- sorting
 
-// Compares two runs of decimal digits by their value, whatever their length.
-int CompareDigits(std::string_view a, std::string_view b) {
-  while (!a.empty() && a.front() == '0') a.remove_prefix(1);
-  while (!b.empty() && b.front() == '0') b.remove_prefix(1);
+// A run of decimal digits without its leading zeros: two such runs compare
+// by value when compared by length, then by bytes.
+std::string_view WithoutLeadingZeros(std::string_view digits) {
+  while (!digits.empty() && digits.front() == '0') digits.remove_prefix(1);
+  return digits;
+}
+
+int CompareValues(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
   return a.compare(b);
+}
+
+// The first eight bytes of a name as a number, the first byte highest and
+// missing bytes zero: two names whose heads differ compare as their heads do.
+uint64_t HeadOf(std::string_view name) {
+  uint64_t head = 0;
+  for (size_t i = 0; i < 8; ++i) {
+    head <<= 8;
+    if (i < name.size()) head |= static_cast<unsigned char>(name[i]);
+  }
+  return head;
 }
 
 // Everything the section order needs, worked out once per section. The order
@@ -136,18 +152,21 @@ int CompareDigits(std::string_view a, std::string_view b) {
 // section ("cl..._Margin", "cl..._Margin_Template") is of kind 0, and so is
 // every other name. Counting a name without a "_LimitKind_" suffix as kind 0,
 // rather than comparing it with a kind by bytes, keeps the order transitive
-// when such a name meets margin sections of different kinds.
+// when such a name meets margin sections of different kinds. Numbers are kept
+// without leading zeros, so they compare by value.
 struct SectionKey {
   unsigned long rank;
   std::string_view number;     // digits of the "u12" / "PreTrade_12" number, or empty
-  std::string_view limitKind;  // digits of the margin limit kind
+  std::string_view limitKind;  // digits of the margin limit kind; empty for kind 0
+  uint64_t head;               // HeadOf(name), which settles most ties without reaching the name
   std::string_view name;
 };
 
 bool SectionBefore(const SectionKey& a, const SectionKey& b) {
   if (a.rank != b.rank) return a.rank < b.rank;
-  if (const int c = CompareDigits(a.number, b.number); c != 0) return c < 0;
-  if (const int c = CompareDigits(a.limitKind, b.limitKind); c != 0) return c < 0;
+  if (const int c = CompareValues(a.number, b.number); c != 0) return c < 0;
+  if (const int c = CompareValues(a.limitKind, b.limitKind); c != 0) return c < 0;
+  if (a.head != b.head) return a.head < b.head;
   return a.name < b.name;  // bytes as unsigned char
 }
 
@@ -216,11 +235,10 @@ void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator
 }
 
 void SettingsNormalizer::Normalize() {
-  static constexpr std::string_view kBaseLimitKind = "0";
-
   std::vector<SectionKey> sectionKeys;
   sectionKeys.reserve(m_sections.size());
   std::vector<ParameterKey> parameterKeys;
+  std::vector<size_t> order;  // room for every sort of this run
   // The same keys come back in section after section: each parameter list
   // remembers what it answered for a key during this run.
   std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
@@ -246,21 +264,21 @@ void SettingsNormalizer::Normalize() {
         parameterKeys.push_back({kUnrankedPriority, 0, p.first});
       }
     }
-    StableSortByKey(parameters, parameterKeys, ParameterBefore);
+    StableSortByKey(parameters, parameterKeys, ParameterBefore, &order);
 
-    SectionKey key{match.Priority(), {}, kBaseLimitKind, name};
+    SectionKey key{match.Priority(), {}, {}, HeadOf(name), name};
     if (m_userPattern.Matches(name)) {
-      key.number = std::string_view(name).substr(1);
+      key.number = WithoutLeadingZeros(std::string_view(name).substr(1));
     } else if (m_preTradePattern.Matches(name)) {
-      key.number = std::string_view(name).substr(name.find('_') + 1);
+      key.number = WithoutLeadingZeros(std::string_view(name).substr(name.find('_') + 1));
     }
     if (m_limitKindPattern.Matches(name)) {
-      key.limitKind = std::string_view(name).substr(name.rfind('_') + 1);
+      key.limitKind = WithoutLeadingZeros(std::string_view(name).substr(name.rfind('_') + 1));
     }
     sectionKeys.push_back(key);
   }
 
-  StableSortByKey(m_sections, sectionKeys, SectionBefore);
+  StableSortByKey(m_sections, sectionKeys, SectionBefore, &order);
 }
 
 void SettingsNormalizer::WriteTo(std::string& out) const {
