@@ -1,9 +1,10 @@
 #include "settings/SettingsNormalizer.h"
 
-#include <cctype>
 #include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <istream>
+#include <iterator>
 #include <unordered_map>
 
 #include "settings/StableSortByKey.h"
@@ -65,57 +66,7 @@ void AddParameterRules(EParameterList list, SettingRules* rules) {
   }
 }
 
-// -------------------------------------------------------------------- reading
-
 constexpr char kCommentChar = ';';
-
-bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
-
-std::string_view Trim(std::string_view s) {
-  while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);
-  while (!s.empty() && IsSpace(s.back())) s.remove_suffix(1);
-  return s;
-}
-
-// The line-by-line state of one reading.
-class ListReader {
- public:
-  ListReader(char separator, SettingsSectionList* list) : m_separator(separator), m_list(list) {}
-
-  void Line(std::string_view line) {
-    if (const size_t cut = line.find(m_separator); cut != std::string_view::npos) line = line.substr(0, cut);
-    line = Trim(line);
-    if (line.empty()) return;
-
-    if (line.front() == '[') {
-      const size_t close = line.find(']', 1);
-      if (close == std::string_view::npos || close == 1) return;  // the section before goes on
-      m_pending.assign(line.substr(1, close - 1));                // untrimmed; what follows "]" is ignored
-      m_hasPending = true;
-      return;
-    }
-    if (!m_hasCurrent && !m_hasPending) return;  // text before the first header
-
-    const size_t eq = line.find('=');
-    if (eq == std::string_view::npos || eq == 0) return;
-
-    if (m_hasPending) {
-      // The section comes into being with its first key line.
-      m_list->emplace_back(std::move(m_pending), SettingsParameterList{});
-      m_pending.clear();
-      m_hasPending = false;
-      m_hasCurrent = true;
-    }
-    m_list->back().second.emplace_back(Trim(line.substr(0, eq)), Trim(line.substr(eq + 1)));
-  }
-
- private:
-  char m_separator;
-  SettingsSectionList* m_list;
-  std::string m_pending;       // name of the last header, until its first key line
-  bool m_hasPending = false;
-  bool m_hasCurrent = false;   // key lines go to m_list->back()
-};
 
 // -------------------------------------------------------------------- sorting
 
@@ -215,23 +166,14 @@ void SettingsNormalizer::ReadFrom(std::string_view text) { ParseSettingsList(tex
 
 void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list) {
   if (list == nullptr) return;
-  ListReader reader(separator, list);
-  std::string line;
-  while (std::getline(in, line)) reader.Line(line);
+  // The whole stream, then the text reading: lines split at "\n" alike.
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  SettingsListReader::Read(text, separator, list);
 }
 
 void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator, SettingsSectionList* list) {
   if (list == nullptr) return;
-  ListReader reader(separator, list);
-  while (!text.empty()) {
-    const size_t end = text.find('\n');
-    if (end == std::string_view::npos) {
-      reader.Line(text);  // a last line without a line end counts
-      break;
-    }
-    reader.Line(text.substr(0, end));
-    text.remove_prefix(end + 1);
-  }
+  SettingsListReader::Read(text, separator, list);
 }
 
 void SettingsNormalizer::Normalize() {
@@ -281,25 +223,37 @@ void SettingsNormalizer::Normalize() {
   StableSortByKey(m_sections, sectionKeys, SectionBefore, &order);
 }
 
+namespace {
+
+// Copies bytes to at and returns the end of the copy.
+char* Put(char* at, std::string_view bytes) {
+  if (!bytes.empty()) std::memcpy(at, bytes.data(), bytes.size());
+  return at + bytes.size();
+}
+
+}  // namespace
+
 void SettingsNormalizer::WriteTo(std::string& out) const {
   size_t size = 0;
   for (const SettingsSection& section : m_sections) {
     size += section.first.size() + 6;  // "[" "]\r\n" and the closing "\r\n"
     for (const SettingsParameter& p : section.second) size += p.first.size() + p.second.size() + 3;
   }
+  // The text is laid down in one buffer of its final size.
   out.clear();
-  out.reserve(size);
+  out.resize(size);
+  char* at = out.data();
   for (const SettingsSection& section : m_sections) {
-    out += '[';
-    out += section.first;
-    out += "]\r\n";
+    at = Put(at, "[");
+    at = Put(at, section.first);
+    at = Put(at, "]\r\n");
     for (const SettingsParameter& p : section.second) {
-      out += p.first;
-      out += '=';
-      out += p.second;
-      out += "\r\n";
+      at = Put(at, p.first);
+      at = Put(at, "=");
+      at = Put(at, p.second);
+      at = Put(at, "\r\n");
     }
-    out += "\r\n";
+    at = Put(at, "\r\n");
   }
 }
 

@@ -21,14 +21,10 @@
 #include <vector>
 
 #include "settings/NamePattern.h"
+#include "settings/SettingsListReader.h"
 #include "settings/SettingRules.h"
 
 namespace DL {
-
-using SettingsParameter = std::pair<std::string, std::string>;          // key, value
-using SettingsParameterList = std::vector<SettingsParameter>;           // in order
-using SettingsSection = std::pair<std::string, SettingsParameterList>;  // name, parameters
-using SettingsSectionList = std::vector<SettingsSection>;               // in order
 
 class SettingsNormalizer {
  public:
