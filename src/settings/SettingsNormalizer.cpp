@@ -177,10 +177,9 @@ void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator
 }
 
 void SettingsNormalizer::Normalize() {
-  std::vector<SectionKey> sectionKeys;
+  std::vector<KeyAt<SectionKey>> sectionKeys;
   sectionKeys.reserve(m_sections.size());
-  std::vector<ParameterKey> parameterKeys;
-  std::vector<size_t> order;  // room for every sort of this run
+  std::vector<KeyAt<ParameterKey>> parameterKeys;  // room for the keys of every section
   // The same keys come back in section after section: each parameter list
   // remembers what it answered for a key during this run.
   std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
@@ -201,12 +200,12 @@ void SettingsNormalizer::Normalize() {
         auto it = known.find(p.first);
         if (it == known.end()) it = known.emplace(p.first, children->Find(p.first)).first;
         const SettingRules::Match m = it->second;
-        parameterKeys.push_back({m.Priority(), m.number, p.first});
+        parameterKeys.push_back({{m.Priority(), m.number, p.first}, parameterKeys.size()});
       } else {
-        parameterKeys.push_back({kUnrankedPriority, 0, p.first});
+        parameterKeys.push_back({{kUnrankedPriority, 0, p.first}, parameterKeys.size()});
       }
     }
-    StableSortByKey(parameters, parameterKeys, ParameterBefore, &order);
+    StableSortByKey(parameters, parameterKeys, ParameterBefore);
 
     SectionKey key{match.Priority(), {}, {}, HeadOf(name), name};
     if (m_userPattern.Matches(name)) {
@@ -217,10 +216,10 @@ void SettingsNormalizer::Normalize() {
     if (m_limitKindPattern.Matches(name)) {
       key.limitKind = WithoutLeadingZeros(std::string_view(name).substr(name.rfind('_') + 1));
     }
-    sectionKeys.push_back(key);
+    sectionKeys.push_back({key, sectionKeys.size()});
   }
 
-  StableSortByKey(m_sections, sectionKeys, SectionBefore, &order);
+  StableSortByKey(m_sections, sectionKeys, SectionBefore);
 }
 
 namespace {
