@@ -5,8 +5,8 @@
 #include <fstream>
 #include <istream>
 #include <iterator>
-#include <unordered_map>
 
+#include "settings/KeyRankCache.h"
 #include "settings/StableSortByKey.h"
 
 namespace DL {
@@ -182,7 +182,7 @@ void SettingsNormalizer::Normalize() {
   std::vector<KeyAt<ParameterKey>> parameterKeys;  // room for the keys of every section
   // The same keys come back in section after section: each parameter list
   // remembers what it answered for a key during this run.
-  std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
+  std::vector<KeyRankCache> answered(m_parameterRules.size());
 
   for (SettingsSection& section : m_sections) {
     const std::string& name = section.first;
@@ -196,10 +196,10 @@ void SettingsNormalizer::Normalize() {
     parameterKeys.reserve(parameters.size());
     for (const SettingsParameter& p : parameters) {
       if (children != nullptr) {
-        auto& known = answered[list];
-        auto it = known.find(p.first);
-        if (it == known.end()) it = known.emplace(p.first, children->Find(p.first)).first;
-        const SettingRules::Match m = it->second;
+        KeyRankCache& known = answered[list];
+        const SettingRules::Match* remembered = known.Find(p.first);
+        const SettingRules::Match m = remembered ? *remembered : children->Find(p.first);
+        if (remembered == nullptr) known.Add(p.first, m);
         parameterKeys.push_back({{m.Priority(), m.number, p.first}, parameterKeys.size()});
       } else {
         parameterKeys.push_back({{kUnrankedPriority, 0, p.first}, parameterKeys.size()});

@@ -1,0 +1,45 @@
+#include "settings/KeyRankCache.h"
+
+namespace DL {
+
+uint64_t KeyRankCache::Hash(std::string_view key) {
+  // FNV-1a: keys are short, and a byte at a time costs less than the set-up
+  // of a wider hash.
+  uint64_t h = 14695981039346656037ull;
+  for (unsigned char c : key) {
+    h ^= c;
+    h *= 1099511628211ull;
+  }
+  return h;
+}
+
+size_t KeyRankCache::SlotOf(std::string_view key, uint64_t hash) const {
+  const size_t mask = m_slots.size() - 1;
+  for (size_t slot = static_cast<size_t>(hash ^ (hash >> 32)) & mask;; slot = (slot + 1) & mask) {
+    const uint32_t held = m_slots[slot];
+    if (held == 0) return slot;
+    const Entry& e = m_entries[held - 1];
+    if (e.hash == hash && e.key == key) return slot;
+  }
+}
+
+const SettingRules::Match* KeyRankCache::Find(std::string_view key) const {
+  const uint32_t held = m_slots[SlotOf(key, Hash(key))];
+  return held == 0 ? nullptr : &m_entries[held - 1].match;
+}
+
+void KeyRankCache::Add(std::string_view key, SettingRules::Match match) {
+  const uint64_t hash = Hash(key);
+  m_entries.push_back({std::string(key), hash, match});
+  if (2 * m_entries.size() > m_slots.size()) {
+    // Double the table and place every entry again.
+    m_slots.assign(2 * m_slots.size(), 0);
+    for (size_t i = 0; i < m_entries.size(); ++i) {
+      m_slots[SlotOf(m_entries[i].key, m_entries[i].hash)] = static_cast<uint32_t>(i + 1);
+    }
+    return;
+  }
+  m_slots[SlotOf(key, hash)] = static_cast<uint32_t>(m_entries.size());
+}
+
+}  // namespace DL
