@@ -3,7 +3,9 @@
 // order, that matches". Used by SettingsNormalizer both for section names and
 // for the keys inside a section.
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -40,15 +42,21 @@ class SettingRules {
   // only when the name also reads as a number the way std::stoull reads it
   // (leading digits; no digits at all or a value beyond 64 bits does not
   // read); otherwise the search goes on with the next rule.
-  [[nodiscard]] Match Find(const std::string& name) const;
+  [[nodiscard]] Match Find(std::string_view name) const;
 
   size_t Size() const { return m_rules.size(); }
   const SettingPriority& operator[](size_t i) const { return m_rules[i]; }
 
  private:
   std::vector<SettingPriority> m_rules;
+  // Looks names up by a view, without making a string of them.
+  struct NameHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view name) const { return std::hash<std::string_view>{}(name); }
+  };
+
   // Literal names of the non-numeric choice rules: name -> first rule giving it.
-  std::unordered_map<std::string, size_t> m_literal;
+  std::unordered_map<std::string, size_t, NameHash, std::equal_to<>> m_literal;
   // Every other rule, by position, tested in turn.
   std::vector<size_t> m_tested;
 };

@@ -50,7 +50,7 @@ void SettingsListReader::Line(std::string_view line) {
   if (m_hasPending) {
     // The section comes into being with its first key line.
     Flush();
-    m_list->emplace_back(std::string(m_pending), SettingsParameterList{});
+    m_list->emplace_back(m_pending, SettingsParameterList{});
     m_hasPending = false;
     m_hasCurrent = true;
   }
@@ -61,7 +61,7 @@ void SettingsListReader::Flush() {
   if (m_lines.empty()) return;
   SettingsParameterList& parameters = m_list->back().second;
   parameters.reserve(parameters.size() + m_lines.size());
-  for (const auto& [key, value] : m_lines) parameters.emplace_back(key, value);
+  parameters.insert(parameters.end(), m_lines.begin(), m_lines.end());
   m_lines.clear();
 }
 

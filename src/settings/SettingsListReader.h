@@ -1,17 +1,20 @@
 #pragma once
 // Reads a settings text into a list of sections in file order, each a list of
 // key and value pairs, merging nothing: the raw material of the normalizer.
-#include <string>
+//
+// The list holds views into the text it was read from: whoever reads keeps
+// the text alive and unchanged as long as the list is used. Nothing is
+// copied, so reading, sorting and freeing a large text cost little.
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace DL {
 
-using SettingsParameter = std::pair<std::string, std::string>;          // key, value
-using SettingsParameterList = std::vector<SettingsParameter>;           // in order
-using SettingsSection = std::pair<std::string, SettingsParameterList>;  // name, parameters
-using SettingsSectionList = std::vector<SettingsSection>;               // in order
+using SettingsParameter = std::pair<std::string_view, std::string_view>;     // key, value
+using SettingsParameterList = std::vector<SettingsParameter>;                // in order
+using SettingsSection = std::pair<std::string_view, SettingsParameterList>;  // name, parameters
+using SettingsSectionList = std::vector<SettingsSection>;                    // in order
 
 class SettingsListReader {
  public:
@@ -19,9 +22,9 @@ class SettingsListReader {
   // without one counts. The dialect is the one SettingsNormalizer documents
   // for ParseSettingsList.
   //
-  // The text is scanned in place; the key lines of a section are gathered as
-  // views and stored together once the section is complete, so that each
-  // parameter list is allocated once, at its final size.
+  // The key lines of a section are gathered and stored together once the
+  // section is complete, so that each parameter list is allocated once, at
+  // its final size.
   static void Read(std::string_view text, char separator, SettingsSectionList* list);
 
  private:
@@ -36,7 +39,7 @@ class SettingsListReader {
   std::string_view m_pending;  // name of the last header, until its first key line
   bool m_hasPending = false;
   bool m_hasCurrent = false;   // key lines go to m_list->back()
-  std::vector<std::pair<std::string_view, std::string_view>> m_lines;  // key lines not yet stored
+  SettingsParameterList m_lines;  // key lines of the current section not yet stored
 };
 
 }  // namespace DL

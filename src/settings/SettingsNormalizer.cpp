@@ -158,17 +158,20 @@ void SettingsNormalizer::setPriorities() {
 bool SettingsNormalizer::Load(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return false;
-  ParseSettingsList(in, kCommentChar, &m_sections);
+  ParseSettingsList(in, kCommentChar, &m_sections, &m_texts.emplace_back());
   return true;
 }
 
-void SettingsNormalizer::ReadFrom(std::string_view text) { ParseSettingsList(text, kCommentChar, &m_sections); }
+void SettingsNormalizer::ReadFrom(std::string_view text) {
+  ParseSettingsList(m_texts.emplace_back(text), kCommentChar, &m_sections);
+}
 
-void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list) {
-  if (list == nullptr) return;
+void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list,
+                                           std::string* text) {
+  if (list == nullptr || text == nullptr) return;
   // The whole stream, then the text reading: lines split at "\n" alike.
-  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  SettingsListReader::Read(text, separator, list);
+  text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  SettingsListReader::Read(*text, separator, list);
 }
 
 void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator, SettingsSectionList* list) {
@@ -185,7 +188,7 @@ void SettingsNormalizer::Normalize() {
   std::vector<KeyRankCache> answered(m_parameterRules.size());
 
   for (SettingsSection& section : m_sections) {
-    const std::string& name = section.first;
+    const std::string_view name = section.first;
     const SettingRules::Match match = m_priorities.Find(name);
 
     // The parameters, by the parameter list of the section's rule.
@@ -209,12 +212,12 @@ void SettingsNormalizer::Normalize() {
 
     SectionKey key{match.Priority(), {}, {}, HeadOf(name), name};
     if (m_userPattern.Matches(name)) {
-      key.number = WithoutLeadingZeros(std::string_view(name).substr(1));
+      key.number = WithoutLeadingZeros(name.substr(1));
     } else if (m_preTradePattern.Matches(name)) {
-      key.number = WithoutLeadingZeros(std::string_view(name).substr(name.find('_') + 1));
+      key.number = WithoutLeadingZeros(name.substr(name.find('_') + 1));
     }
     if (m_limitKindPattern.Matches(name)) {
-      key.limitKind = WithoutLeadingZeros(std::string_view(name).substr(name.rfind('_') + 1));
+      key.limitKind = WithoutLeadingZeros(name.substr(name.rfind('_') + 1));
     }
     sectionKeys.push_back({key, sectionKeys.size()});
   }

@@ -49,7 +49,7 @@ class SettingsNormalizerTest : public ::testing::Test {
 
   static std::vector<std::string> SectionNames(std::string_view text) {
     std::vector<std::string> names;
-    for (const auto& section : Read(text)) names.push_back(section.first);
+    for (const auto& section : Read(text)) names.emplace_back(section.first);
     return names;
   }
 };
@@ -451,14 +451,17 @@ TEST_F(SettingsNormalizerTest, StreamAndTextReadAlike) {
   const std::string text = "junk\n[S]\na=1;c\n[T\nb=2\n[U]\n[V]\nc = 3\nd";
   std::istringstream in(text);
   SettingsSectionList fromStream;
-  SettingsNormalizer::ParseSettingsList(in, ';', &fromStream);
+  std::string held;
+  SettingsNormalizer::ParseSettingsList(in, ';', &fromStream, &held);
+  EXPECT_EQ(held, text);
   EXPECT_EQ(fromStream, Read(text));
   EXPECT_EQ(fromStream.size(), 2u);
 }
 
 TEST_F(SettingsNormalizerTest, NullListDoesNothing) {
   std::istringstream in("[S]\na=1\n");
-  SettingsNormalizer::ParseSettingsList(in, ';', nullptr);
+  std::string held;
+  SettingsNormalizer::ParseSettingsList(in, ';', nullptr, &held);
   EXPECT_EQ(in.tellg(), 0);  // the stream was not read
   SettingsNormalizer::ParseSettingsList(std::string_view("[S]\na=1\n"), ';', nullptr);
 }
