@@ -1,12 +1,12 @@
 #include "settings/SettingsListReader.h"
 
-#include <cctype>
-
 namespace DL {
 
 namespace {
 
-bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+// White space as std::isspace knows it in the "C" locale, which the library
+// never changes: tested inline, as the reader tests several bytes a line.
+bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 std::string_view Trim(std::string_view s) {
   while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);

@@ -35,9 +35,30 @@ class SimpleExpression::Parser {
       }
       Item item;
       if (!Atom(&item.bytes) || !Quantifier(&item)) return false;
-      seq->push_back(item);
+      Append(seq, std::move(item));
     }
     return true;
+  }
+
+  // Adds an item; a byte taken exactly once joins the literal run before it,
+  // so that a run is compared in one step.
+  static void Append(Sequence* seq, Item item) {
+    const bool single = item.min == 1 && item.max == 1 && item.bytes.count() == 1;
+    if (!single) {
+      seq->push_back(std::move(item));
+      return;
+    }
+    char byte = 0;
+    for (unsigned c = 0; c < 256; ++c) {
+      if (item.bytes.test(c)) byte = static_cast<char>(c);
+    }
+    if (seq->empty() || seq->back().literal.empty()) {
+      Item run;
+      run.literal.assign(1, byte);
+      seq->push_back(std::move(run));
+    } else {
+      seq->back().literal += byte;
+    }
   }
 
   // After "(": a look-ahead, or a plain group whose items join the sequence.
@@ -53,7 +74,7 @@ class SimpleExpression::Parser {
       if (!SequenceUntil(&inner) || !Take(')')) return false;
       m_out->m_sequences.push_back(std::move(inner));
       item.lookAhead = m_out->m_sequences.size();
-      seq->push_back(item);
+      seq->push_back(std::move(item));
       return true;
     }
     if (!SequenceUntil(seq) || !Take(')')) return false;
@@ -167,6 +188,9 @@ bool SimpleExpression::MatchFrom(const Sequence& seq, size_t item, std::string_v
                                  bool whole) const {
   if (item == seq.size()) return !whole || pos == name.size();
   const Item& it = seq[item];
+  if (!it.literal.empty()) {
+    return name.substr(pos).starts_with(it.literal) && MatchFrom(seq, item + 1, name, pos + it.literal.size(), whole);
+  }
   if (it.lookAhead != 0) {
     const bool found = MatchFrom(m_sequences[it.lookAhead - 1], 0, name, pos, false);
     return found != it.negative && MatchFrom(seq, item + 1, name, pos, whole);

@@ -18,6 +18,7 @@
 // look-ahead holds when some prefix of the rest matches its contents.
 #include <bitset>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -39,6 +40,7 @@ class SimpleExpression {
   static constexpr size_t kUnbounded = static_cast<size_t>(-1);
 
   struct Item {
+    std::string literal;     // for a run of plain bytes taken once each: the bytes; then nothing else counts
     std::bitset<256> bytes;  // for an atom: the bytes it takes
     size_t min = 1;          // times the atom is taken, at least
     size_t max = 1;          // and at most (kUnbounded: no limit)

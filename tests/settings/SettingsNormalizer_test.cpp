@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -542,6 +543,24 @@ TEST_F(SettingsNormalizerFileTest, LoadReportsAMissingFile) {
   SettingsNormalizer n;
   EXPECT_FALSE(n.Load((m_dir / "absent.ini").string()));
   EXPECT_EQ(n.GetSectionCount(), 0u);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SettingsListReaderTest, TrimsTheBytesIsspaceCounts) {
+  for (int b = 1; b < 256; ++b) {
+    const char c = static_cast<char>(b);
+    if (c == '\n' || c == ';' || c == '=' || c == '[') continue;
+    const std::string text = std::string("[S]\n") + c + "k" + c + "=v\n";
+    DL::SettingsSectionList list;
+    DL::SettingsNormalizer::ParseSettingsList(text, ';', &list);
+    ASSERT_EQ(list.size(), 1u) << b;
+    const bool space = std::isspace(static_cast<unsigned char>(c)) != 0;
+    const std::string expected = space ? std::string("k") : std::string({c, 'k', c});
+    EXPECT_EQ(list[0].second[0].first, expected) << b;
+  }
 }
 
 }  // namespace
