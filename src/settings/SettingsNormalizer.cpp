@@ -79,7 +79,7 @@ std::string_view WithoutLeadingZeros(std::string_view digits) {
 
 int CompareValues(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
-  return a.compare(b);
+  return a.empty() ? 0 : a.compare(b);  // most names have no number: no call to compare nothing
 }
 
 // The first eight bytes of a name as a number, the first byte highest and
@@ -233,6 +233,25 @@ char* Put(char* at, std::string_view bytes) {
   return at + bytes.size();
 }
 
+char* PutLineEnd(char* at) {
+  at[0] = '\r';
+  at[1] = '\n';
+  return at + 2;
+}
+
+// "key=value": when the text read held the line untrimmed, key, "=" and
+// value lie side by side there and go in one copy.
+char* PutParameter(char* at, const SettingsParameter& p) {
+  const std::string_view key = p.first;
+  const std::string_view value = p.second;
+  if (key.data() + key.size() + 1 == value.data() && key.data()[key.size()] == '=') {
+    return Put(at, std::string_view(key.data(), key.size() + 1 + value.size()));
+  }
+  at = Put(at, key);
+  *at++ = '=';
+  return Put(at, value);
+}
+
 }  // namespace
 
 void SettingsNormalizer::WriteTo(std::string& out) const {
@@ -246,16 +265,12 @@ void SettingsNormalizer::WriteTo(std::string& out) const {
   out.resize(size);
   char* at = out.data();
   for (const SettingsSection& section : m_sections) {
-    at = Put(at, "[");
+    *at++ = '[';
     at = Put(at, section.first);
-    at = Put(at, "]\r\n");
-    for (const SettingsParameter& p : section.second) {
-      at = Put(at, p.first);
-      at = Put(at, "=");
-      at = Put(at, p.second);
-      at = Put(at, "\r\n");
-    }
-    at = Put(at, "\r\n");
+    *at++ = ']';
+    at = PutLineEnd(at);
+    for (const SettingsParameter& p : section.second) at = PutLineEnd(PutParameter(at, p));
+    at = PutLineEnd(at);
   }
 }
 
