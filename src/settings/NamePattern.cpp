@@ -169,6 +169,29 @@ NamePattern NamePattern::Prefix(const std::string& text) {
   return p;
 }
 
+std::bitset<256> NamePattern::FirstBytes() const {
+  std::bitset<256> bytes;
+  switch (m_kind) {
+    case EKind::Prefix:
+      if (m_text.empty()) return bytes.set();
+      bytes.set(static_cast<unsigned char>(m_text[0]));
+      return bytes;
+    case EKind::Literals:
+      for (const std::string& literal : m_literals) {
+        if (!literal.empty()) bytes.set(static_cast<unsigned char>(literal[0]));
+      }
+      return bytes;
+    case EKind::Expression:
+      if (m_bounds.empty()) return bytes.set();
+      for (const Bounds& b : m_bounds) {
+        if (b.head.empty()) return bytes.set();
+        bytes.set(static_cast<unsigned char>(b.head[0]));
+      }
+      return bytes;
+  }
+  return bytes.set();
+}
+
 bool NamePattern::MayMatch(std::string_view name) const {
   if (m_bounds.empty()) return true;
   for (const Bounds& b : m_bounds) {

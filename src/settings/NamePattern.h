@@ -11,6 +11,7 @@
 // SimpleExpression, and only an expression beyond its reach by std::regex.
 // Either way the answer is the one std::regex_match would give (up to the
 // length limit below).
+#include <bitset>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -57,6 +58,10 @@ class NamePattern {
   bool IsSimple() const { return m_kind != EKind::Expression || m_simple.has_value(); }
 
   [[nodiscard]] bool Matches(std::string_view name) const;
+
+  // The bytes a name this pattern matches can begin with (all bytes when
+  // that is not worked out). Says nothing about the empty name.
+  std::bitset<256> FirstBytes() const;
 
   // The names this pattern stands for when it is nothing but a choice of
   // literal names (a trailing "$" on a choice allowed); empty otherwise.

@@ -2,6 +2,7 @@
 // An ordered list of ranking rules for names, answered by "the first rule, in
 // order, that matches". Used by SettingsNormalizer both for section names and
 // for the keys inside a section.
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -57,8 +58,10 @@ class SettingRules {
 
   // Literal names of the non-numeric choice rules: name -> first rule giving it.
   std::unordered_map<std::string, size_t, NameHash, std::equal_to<>> m_literal;
-  // Every other rule, by position, tested in turn.
+  // Every other rule, by position, tested in turn: for the empty name all of
+  // them, for another name those that a name of its first byte can match.
   std::vector<size_t> m_tested;
+  std::array<std::vector<size_t>, 256> m_testedByFirstByte;
 };
 
 }  // namespace DL
