@@ -79,7 +79,10 @@ std::string_view WithoutLeadingZeros(std::string_view digits) {
 
 int CompareValues(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
-  return a.empty() ? 0 : a.compare(b);  // most names have no number: no call to compare nothing
+  for (size_t i = 0; i < a.size(); ++i) {  // a digit or two, mostly: not worth a call
+    if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
+  }
+  return 0;
 }
 
 // The first eight bytes of a name as a number, the first byte highest and
@@ -113,13 +116,17 @@ struct SectionKey {
   std::string_view name;
 };
 
-bool SectionBefore(const SectionKey& a, const SectionKey& b) {
-  if (a.rank != b.rank) return a.rank < b.rank;
-  if (const int c = CompareValues(a.number, b.number); c != 0) return c < 0;
-  if (const int c = CompareValues(a.limitKind, b.limitKind); c != 0) return c < 0;
-  if (a.head != b.head) return a.head < b.head;
-  return a.name < b.name;  // bytes as unsigned char
-}
+// The orders are function objects rather than functions, so that the sort
+// inlines them instead of calling through a pointer.
+struct SectionBefore {
+  bool operator()(const SectionKey& a, const SectionKey& b) const {
+    if (a.rank != b.rank) return a.rank < b.rank;
+    if (const int c = CompareValues(a.number, b.number); c != 0) return c < 0;
+    if (const int c = CompareValues(a.limitKind, b.limitKind); c != 0) return c < 0;
+    if (a.head != b.head) return a.head < b.head;
+    return a.name < b.name;  // bytes as unsigned char
+  }
+};
 
 struct ParameterKey {
   unsigned long rank;
@@ -127,11 +134,13 @@ struct ParameterKey {
   std::string_view key;
 };
 
-bool ParameterBefore(const ParameterKey& a, const ParameterKey& b) {
-  if (a.rank != b.rank) return a.rank < b.rank;
-  if (a.number != b.number) return a.number < b.number;
-  return a.key < b.key;
-}
+struct ParameterBefore {
+  bool operator()(const ParameterKey& a, const ParameterKey& b) const {
+    if (a.rank != b.rank) return a.rank < b.rank;
+    if (a.number != b.number) return a.number < b.number;
+    return a.key < b.key;
+  }
+};
 
 }  // namespace
 
@@ -208,7 +217,7 @@ void SettingsNormalizer::Normalize() {
         parameterKeys.push_back({{kUnrankedPriority, 0, p.first}, parameterKeys.size()});
       }
     }
-    StableSortByKey(parameters, parameterKeys, ParameterBefore);
+    StableSortByKey(parameters, parameterKeys, ParameterBefore{});
 
     SectionKey key{match.Priority(), {}, {}, HeadOf(name), name};
     if (m_userPattern.Matches(name)) {
@@ -222,7 +231,7 @@ void SettingsNormalizer::Normalize() {
     sectionKeys.push_back({key, sectionKeys.size()});
   }
 
-  StableSortByKey(m_sections, sectionKeys, SectionBefore);
+  StableSortByKey(m_sections, sectionKeys, SectionBefore{});
 }
 
 namespace {
