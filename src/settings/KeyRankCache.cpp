@@ -9,11 +9,17 @@ uint64_t KeyRankCache::Hash(std::string_view key) {
   // a few steps cover them.
   constexpr uint64_t kMultiplier = 0x9E3779B97F4A7C15ull;
   uint64_t h = key.size() * kMultiplier;
-  while (!key.empty()) {
+  const char* at = key.data();
+  size_t left = key.size();
+  for (; left >= 8; at += 8, left -= 8) {
+    uint64_t chunk;
+    std::memcpy(&chunk, at, 8);
+    h = (h ^ chunk) * kMultiplier;
+    h ^= h >> 29;
+  }
+  if (left > 0) {
     uint64_t chunk = 0;
-    const size_t n = key.size() < 8 ? key.size() : 8;
-    std::memcpy(&chunk, key.data(), n);
-    key.remove_prefix(n);
+    for (size_t i = 0; i < left; ++i) chunk |= static_cast<uint64_t>(static_cast<unsigned char>(at[i])) << (8 * i);
     h = (h ^ chunk) * kMultiplier;
     h ^= h >> 29;
   }

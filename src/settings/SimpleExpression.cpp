@@ -196,9 +196,13 @@ bool SimpleExpression::MatchFrom(const Sequence& seq, size_t item, std::string_v
     return found != it.negative && MatchFrom(seq, item + 1, name, pos, whole);
   }
   size_t run = 0;
-  while (run < it.max && pos + run < name.size() && it.bytes.test(static_cast<unsigned char>(name[pos + run]))) ++run;
+  while (run < it.max && pos + run < name.size() && it.bytes[static_cast<unsigned char>(name[pos + run])]) ++run;
   if (run < it.min) return false;
+  // When a literal run follows, only the places where it begins are worth
+  // trying.
+  const bool literalNext = item + 1 < seq.size() && !seq[item + 1].literal.empty();
   for (size_t take = run + 1; take-- > it.min;) {
+    if (literalNext && (pos + take >= name.size() || name[pos + take] != seq[item + 1].literal[0])) continue;
     if (MatchFrom(seq, item + 1, name, pos + take, whole)) return true;
   }
   return false;
