@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "settings/NameHash.h"
 #include "settings/NamePattern.h"
 
 namespace DL {
@@ -50,14 +51,8 @@ class SettingRules {
 
  private:
   std::vector<SettingPriority> m_rules;
-  // Looks names up by a view, without making a string of them.
-  struct NameHash {
-    using is_transparent = void;
-    size_t operator()(std::string_view name) const { return std::hash<std::string_view>{}(name); }
-  };
-
   // Literal names of the non-numeric choice rules: name -> first rule giving it.
-  std::unordered_map<std::string, size_t, NameHash, std::equal_to<>> m_literal;
+  std::unordered_map<std::string, size_t, NameHasher, std::equal_to<>> m_literal;  // looked up by a view
   // Every other rule, by position, tested in turn: for the empty name all of
   // them, for another name those that a name of its first byte can match.
   std::vector<size_t> m_tested;
