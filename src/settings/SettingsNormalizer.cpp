@@ -167,12 +167,15 @@ void SettingsNormalizer::setPriorities() {
 bool SettingsNormalizer::Load(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return false;
-  ParseSettingsList(in, kCommentChar, &m_sections, &m_texts.emplace_back());
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  m_texts.push_back(std::make_shared<const std::string>(std::move(text)));
+  ParseSettingsList(*m_texts.back(), kCommentChar, &m_sections);
   return true;
 }
 
 void SettingsNormalizer::ReadFrom(std::string_view text) {
-  ParseSettingsList(m_texts.emplace_back(text), kCommentChar, &m_sections);
+  m_texts.push_back(std::make_shared<const std::string>(text));
+  ParseSettingsList(*m_texts.back(), kCommentChar, &m_sections);
 }
 
 void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list,

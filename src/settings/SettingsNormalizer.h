@@ -14,8 +14,8 @@
 //   n.Normalize();
 //   n.WriteTo(text);
 #include <cstddef>
-#include <deque>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -84,7 +84,9 @@ class SettingsNormalizer {
   void setPriorities();
 
   SettingsSectionList m_sections;  // points into m_texts
-  std::deque<std::string> m_texts;  // every text read since the last clearing; a deque never moves them
+  // Every text read since the last clearing. Shared and never changed, so
+  // that a copy of the normalizer points into the same texts safely.
+  std::vector<std::shared_ptr<const std::string>> m_texts;
   SettingRules m_priorities;                  // section rules, in rank order
   std::vector<SettingRules> m_parameterRules;  // parameter lists, named by SettingPriority::children
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -478,6 +479,20 @@ TEST_F(SettingsNormalizerTest, ReadingAppendsUntilCleared) {
   std::string out = "old";
   n.WriteTo(out);
   EXPECT_EQ(out, "");
+}
+
+TEST_F(SettingsNormalizerTest, CopyOutlivesTheOriginal) {
+  // The sections point into the texts read; a copy shares those texts, so it
+  // stays whole when the original is cleared or gone.
+  auto original = std::make_unique<SettingsNormalizer>();
+  original->ReadFrom(std::string("[Zed]\nb=1\n[General]\nx=1\n"));
+  SettingsNormalizer copy = *original;
+  original->ClearSettings();
+  original.reset();
+  copy.Normalize();
+  std::string out;
+  copy.WriteTo(out);
+  EXPECT_EQ(out, "[General]\r\nx=1\r\n\r\n[Zed]\r\nb=1\r\n\r\n");
 }
 
 TEST_F(SettingsNormalizerTest, OneObjectNormalisesManyTexts) {
