@@ -198,6 +198,8 @@ bool SimpleExpression::MatchFrom(const Sequence& seq, size_t item, std::string_v
   size_t run = 0;
   while (run < it.max && pos + run < name.size() && it.bytes[static_cast<unsigned char>(name[pos + run])]) ++run;
   if (run < it.min) return false;
+  // The last atom of a whole match must take all that is left.
+  if (whole && item + 1 == seq.size()) return pos + run == name.size();
   // When a literal run follows, only the places where it begins are worth
   // trying.
   const bool literalNext = item + 1 < seq.size() && !seq[item + 1].literal.empty();
