@@ -135,7 +135,8 @@ NamePattern NamePattern::WholeName(const std::string& text) {
   }
 
   p.m_kind = EKind::Expression;
-  p.m_regex = std::regex(text, std::regex::ECMAScript);
+  p.m_simple = SimpleExpression::Compile(text);
+  if (!p.m_simple) p.m_regex = std::regex(text, std::regex::ECMAScript);
   if (parts) {
     for (std::string_view part : *parts) {
       if (HasLongEscape(part)) {
@@ -168,6 +169,29 @@ NamePattern NamePattern::Prefix(const std::string& text) {
   return p;
 }
 
+std::bitset<256> NamePattern::FirstBytes() const {
+  std::bitset<256> bytes;
+  switch (m_kind) {
+    case EKind::Prefix:
+      if (m_text.empty()) return bytes.set();
+      bytes.set(static_cast<unsigned char>(m_text[0]));
+      return bytes;
+    case EKind::Literals:
+      for (const std::string& literal : m_literals) {
+        if (!literal.empty()) bytes.set(static_cast<unsigned char>(literal[0]));
+      }
+      return bytes;
+    case EKind::Expression:
+      if (m_bounds.empty()) return bytes.set();
+      for (const Bounds& b : m_bounds) {
+        if (b.head.empty()) return bytes.set();
+        bytes.set(static_cast<unsigned char>(b.head[0]));
+      }
+      return bytes;
+  }
+  return bytes.set();
+}
+
 bool NamePattern::MayMatch(std::string_view name) const {
   if (m_bounds.empty()) return true;
   for (const Bounds& b : m_bounds) {
@@ -190,8 +214,8 @@ bool NamePattern::Matches(std::string_view name) const {
       }
       return false;
     case EKind::Expression:
-      return name.size() <= kMaxExpressionInput && MayMatch(name) &&
-             std::regex_match(name.begin(), name.end(), m_regex);
+      if (name.size() > kMaxExpressionInput || !MayMatch(name)) return false;
+      return m_simple ? m_simple->Matches(name) : std::regex_match(name.begin(), name.end(), m_regex);
   }
   return false;
 }

@@ -7,13 +7,18 @@
 // names ("Clients|MAIN|UseTotalBalance"). Those are recognised when the
 // pattern is built and answered by comparing bytes. For a real expression the
 // literal bytes it must begin with, hold and end with are worked out once, so that a name
-// that cannot match is turned away before the regular expression engine runs.
+// that cannot match is turned away early; the rest is answered by
+// SimpleExpression, and only an expression beyond its reach by std::regex.
 // Either way the answer is the one std::regex_match would give (up to the
 // length limit below).
+#include <bitset>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <optional>
 #include <vector>
+
+#include "settings/SimpleExpression.h"
 
 // g++ 12 with the address sanitizer reports std::function members inside the
 // regular expression compiler as maybe uninitialized (a false positive of the
@@ -48,7 +53,15 @@ class NamePattern {
   // near this length.
   static constexpr size_t kMaxExpressionInput = 256;
 
+  // True when the expression is answered without std::regex (always so for
+  // a prefix or a choice of literal names).
+  bool IsSimple() const { return m_kind != EKind::Expression || m_simple.has_value(); }
+
   [[nodiscard]] bool Matches(std::string_view name) const;
+
+  // The bytes a name this pattern matches can begin with (all bytes when
+  // that is not worked out). Says nothing about the empty name.
+  std::bitset<256> FirstBytes() const;
 
   // The names this pattern stands for when it is nothing but a choice of
   // literal names (a trailing "$" on a choice allowed); empty otherwise.
@@ -72,7 +85,8 @@ class NamePattern {
   std::string m_text;
   std::vector<std::string> m_literals;  // for EKind::Literals
   std::vector<Bounds> m_bounds;         // for EKind::Expression; empty when not worked out
-  std::regex m_regex;                   // for EKind::Expression
+  std::optional<SimpleExpression> m_simple;  // for EKind::Expression, when it understands the text
+  std::regex m_regex;                        // for EKind::Expression otherwise
 };
 
 }  // namespace DL

@@ -2,11 +2,15 @@
 // An ordered list of ranking rules for names, answered by "the first rule, in
 // order, that matches". Used by SettingsNormalizer both for section names and
 // for the keys inside a section.
+#include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "settings/NameHash.h"
 #include "settings/NamePattern.h"
 
 namespace DL {
@@ -40,7 +44,7 @@ class SettingRules {
   // only when the name also reads as a number the way std::stoull reads it
   // (leading digits; no digits at all or a value beyond 64 bits does not
   // read); otherwise the search goes on with the next rule.
-  [[nodiscard]] Match Find(const std::string& name) const;
+  [[nodiscard]] Match Find(std::string_view name) const;
 
   size_t Size() const { return m_rules.size(); }
   const SettingPriority& operator[](size_t i) const { return m_rules[i]; }
@@ -48,9 +52,11 @@ class SettingRules {
  private:
   std::vector<SettingPriority> m_rules;
   // Literal names of the non-numeric choice rules: name -> first rule giving it.
-  std::unordered_map<std::string, size_t> m_literal;
-  // Every other rule, by position, tested in turn.
+  std::unordered_map<std::string, size_t, NameHasher, std::equal_to<>> m_literal;  // looked up by a view
+  // Every other rule, by position, tested in turn: for the empty name all of
+  // them, for another name those that a name of its first byte can match.
   std::vector<size_t> m_tested;
+  std::array<std::vector<size_t>, 256> m_testedByFirstByte;
 };
 
 }  // namespace DL

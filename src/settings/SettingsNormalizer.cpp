@@ -1,10 +1,12 @@
 #include "settings/SettingsNormalizer.h"
 
-#include <cctype>
+#include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <istream>
-#include <unordered_map>
+#include <iterator>
 
+#include "settings/KeyRankCache.h"
 #include "settings/StableSortByKey.h"
 
 namespace DL {
@@ -64,66 +66,34 @@ void AddParameterRules(EParameterList list, SettingRules* rules) {
   }
 }
 
-// -------------------------------------------------------------------- reading
-
 constexpr char kCommentChar = ';';
-
-bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
-
-std::string_view Trim(std::string_view s) {
-  while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);
-  while (!s.empty() && IsSpace(s.back())) s.remove_suffix(1);
-  return s;
-}
-
-// The line-by-line state of one reading.
-class ListReader {
- public:
-  ListReader(char separator, SettingsSectionList* list) : m_separator(separator), m_list(list) {}
-
-  void Line(std::string_view line) {
-    if (const size_t cut = line.find(m_separator); cut != std::string_view::npos) line = line.substr(0, cut);
-    line = Trim(line);
-    if (line.empty()) return;
-
-    if (line.front() == '[') {
-      const size_t close = line.find(']', 1);
-      if (close == std::string_view::npos || close == 1) return;  // the section before goes on
-      m_pending.assign(line.substr(1, close - 1));                // untrimmed; what follows "]" is ignored
-      m_hasPending = true;
-      return;
-    }
-    if (!m_hasCurrent && !m_hasPending) return;  // text before the first header
-
-    const size_t eq = line.find('=');
-    if (eq == std::string_view::npos || eq == 0) return;
-
-    if (m_hasPending) {
-      // The section comes into being with its first key line.
-      m_list->emplace_back(std::move(m_pending), SettingsParameterList{});
-      m_pending.clear();
-      m_hasPending = false;
-      m_hasCurrent = true;
-    }
-    m_list->back().second.emplace_back(Trim(line.substr(0, eq)), Trim(line.substr(eq + 1)));
-  }
-
- private:
-  char m_separator;
-  SettingsSectionList* m_list;
-  std::string m_pending;       // name of the last header, until its first key line
-  bool m_hasPending = false;
-  bool m_hasCurrent = false;   // key lines go to m_list->back()
-};
 
 // -------------------------------------------------------------------- sorting
 
-// Compares two runs of decimal digits by their value, whatever their length.
-int CompareDigits(std::string_view a, std::string_view b) {
-  while (!a.empty() && a.front() == '0') a.remove_prefix(1);
-  while (!b.empty() && b.front() == '0') b.remove_prefix(1);
+// A run of decimal digits without its leading zeros: two such runs compare
+// by value when compared by length, then by bytes.
+std::string_view WithoutLeadingZeros(std::string_view digits) {
+  while (!digits.empty() && digits.front() == '0') digits.remove_prefix(1);
+  return digits;
+}
+
+int CompareValues(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
-  return a.compare(b);
+  for (size_t i = 0; i < a.size(); ++i) {  // a digit or two, mostly: not worth a call
+    if (a[i] != b[i]) return a[i] < b[i] ? -1 : 1;
+  }
+  return 0;
+}
+
+// The first eight bytes of a name as a number, the first byte highest and
+// missing bytes zero: two names whose heads differ compare as their heads do.
+uint64_t HeadOf(std::string_view name) {
+  uint64_t head = 0;
+  for (size_t i = 0; i < 8; ++i) {
+    head <<= 8;
+    if (i < name.size()) head |= static_cast<unsigned char>(name[i]);
+  }
+  return head;
 }
 
 // Everything the section order needs, worked out once per section. The order
@@ -136,20 +106,27 @@ int CompareDigits(std::string_view a, std::string_view b) {
 // section ("cl..._Margin", "cl..._Margin_Template") is of kind 0, and so is
 // every other name. Counting a name without a "_LimitKind_" suffix as kind 0,
 // rather than comparing it with a kind by bytes, keeps the order transitive
-// when such a name meets margin sections of different kinds.
+// when such a name meets margin sections of different kinds. Numbers are kept
+// without leading zeros, so they compare by value.
 struct SectionKey {
   unsigned long rank;
   std::string_view number;     // digits of the "u12" / "PreTrade_12" number, or empty
-  std::string_view limitKind;  // digits of the margin limit kind
+  std::string_view limitKind;  // digits of the margin limit kind; empty for kind 0
+  uint64_t head;               // HeadOf(name), which settles most ties without reaching the name
   std::string_view name;
 };
 
-bool SectionBefore(const SectionKey& a, const SectionKey& b) {
-  if (a.rank != b.rank) return a.rank < b.rank;
-  if (const int c = CompareDigits(a.number, b.number); c != 0) return c < 0;
-  if (const int c = CompareDigits(a.limitKind, b.limitKind); c != 0) return c < 0;
-  return a.name < b.name;  // bytes as unsigned char
-}
+// The orders are function objects rather than functions, so that the sort
+// inlines them instead of calling through a pointer.
+struct SectionBefore {
+  bool operator()(const SectionKey& a, const SectionKey& b) const {
+    if (a.rank != b.rank) return a.rank < b.rank;
+    if (const int c = CompareValues(a.number, b.number); c != 0) return c < 0;
+    if (const int c = CompareValues(a.limitKind, b.limitKind); c != 0) return c < 0;
+    if (a.head != b.head) return a.head < b.head;
+    return a.name < b.name;  // bytes as unsigned char
+  }
+};
 
 struct ParameterKey {
   unsigned long rank;
@@ -157,11 +134,13 @@ struct ParameterKey {
   std::string_view key;
 };
 
-bool ParameterBefore(const ParameterKey& a, const ParameterKey& b) {
-  if (a.rank != b.rank) return a.rank < b.rank;
-  if (a.number != b.number) return a.number < b.number;
-  return a.key < b.key;
-}
+struct ParameterBefore {
+  bool operator()(const ParameterKey& a, const ParameterKey& b) const {
+    if (a.rank != b.rank) return a.rank < b.rank;
+    if (a.number != b.number) return a.number < b.number;
+    return a.key < b.key;
+  }
+};
 
 }  // namespace
 
@@ -188,45 +167,40 @@ void SettingsNormalizer::setPriorities() {
 bool SettingsNormalizer::Load(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return false;
-  ParseSettingsList(in, kCommentChar, &m_sections);
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  m_texts.push_back(std::make_shared<const std::string>(std::move(text)));
+  ParseSettingsList(*m_texts.back(), kCommentChar, &m_sections);
   return true;
 }
 
-void SettingsNormalizer::ReadFrom(std::string_view text) { ParseSettingsList(text, kCommentChar, &m_sections); }
+void SettingsNormalizer::ReadFrom(std::string_view text) {
+  m_texts.push_back(std::make_shared<const std::string>(text));
+  ParseSettingsList(*m_texts.back(), kCommentChar, &m_sections);
+}
 
-void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list) {
-  if (list == nullptr) return;
-  ListReader reader(separator, list);
-  std::string line;
-  while (std::getline(in, line)) reader.Line(line);
+void SettingsNormalizer::ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list,
+                                           std::string* text) {
+  if (list == nullptr || text == nullptr) return;
+  // The whole stream, then the text reading: lines split at "\n" alike.
+  text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  SettingsListReader::Read(*text, separator, list);
 }
 
 void SettingsNormalizer::ParseSettingsList(std::string_view text, char separator, SettingsSectionList* list) {
   if (list == nullptr) return;
-  ListReader reader(separator, list);
-  while (!text.empty()) {
-    const size_t end = text.find('\n');
-    if (end == std::string_view::npos) {
-      reader.Line(text);  // a last line without a line end counts
-      break;
-    }
-    reader.Line(text.substr(0, end));
-    text.remove_prefix(end + 1);
-  }
+  SettingsListReader::Read(text, separator, list);
 }
 
 void SettingsNormalizer::Normalize() {
-  static constexpr std::string_view kBaseLimitKind = "0";
-
-  std::vector<SectionKey> sectionKeys;
+  std::vector<KeyAt<SectionKey>> sectionKeys;
   sectionKeys.reserve(m_sections.size());
-  std::vector<ParameterKey> parameterKeys;
+  std::vector<KeyAt<ParameterKey>> parameterKeys;  // room for the keys of every section
   // The same keys come back in section after section: each parameter list
   // remembers what it answered for a key during this run.
-  std::vector<std::unordered_map<std::string, SettingRules::Match>> answered(m_parameterRules.size());
+  std::vector<KeyRankCache> answered(m_parameterRules.size());
 
   for (SettingsSection& section : m_sections) {
-    const std::string& name = section.first;
+    const std::string_view name = section.first;
     const SettingRules::Match match = m_priorities.Find(name);
 
     // The parameters, by the parameter list of the section's rule.
@@ -237,31 +211,60 @@ void SettingsNormalizer::Normalize() {
     parameterKeys.reserve(parameters.size());
     for (const SettingsParameter& p : parameters) {
       if (children != nullptr) {
-        auto& known = answered[list];
-        auto it = known.find(p.first);
-        if (it == known.end()) it = known.emplace(p.first, children->Find(p.first)).first;
-        const SettingRules::Match m = it->second;
-        parameterKeys.push_back({m.Priority(), m.number, p.first});
+        KeyRankCache& known = answered[list];
+        const SettingRules::Match* remembered = known.Find(p.first);
+        const SettingRules::Match m = remembered ? *remembered : children->Find(p.first);
+        if (remembered == nullptr) known.Add(p.first, m);
+        parameterKeys.push_back({{m.Priority(), m.number, p.first}, parameterKeys.size()});
       } else {
-        parameterKeys.push_back({kUnrankedPriority, 0, p.first});
+        parameterKeys.push_back({{kUnrankedPriority, 0, p.first}, parameterKeys.size()});
       }
     }
-    StableSortByKey(parameters, parameterKeys, ParameterBefore);
+    StableSortByKey(parameters, parameterKeys, ParameterBefore{});
 
-    SectionKey key{match.Priority(), {}, kBaseLimitKind, name};
+    SectionKey key{match.Priority(), {}, {}, HeadOf(name), name};
     if (m_userPattern.Matches(name)) {
-      key.number = std::string_view(name).substr(1);
+      key.number = WithoutLeadingZeros(name.substr(1));
     } else if (m_preTradePattern.Matches(name)) {
-      key.number = std::string_view(name).substr(name.find('_') + 1);
+      key.number = WithoutLeadingZeros(name.substr(name.find('_') + 1));
     }
     if (m_limitKindPattern.Matches(name)) {
-      key.limitKind = std::string_view(name).substr(name.rfind('_') + 1);
+      key.limitKind = WithoutLeadingZeros(name.substr(name.rfind('_') + 1));
     }
-    sectionKeys.push_back(key);
+    sectionKeys.push_back({key, sectionKeys.size()});
   }
 
-  StableSortByKey(m_sections, sectionKeys, SectionBefore);
+  StableSortByKey(m_sections, sectionKeys, SectionBefore{});
 }
+
+namespace {
+
+// Copies bytes to at and returns the end of the copy.
+char* Put(char* at, std::string_view bytes) {
+  if (!bytes.empty()) std::memcpy(at, bytes.data(), bytes.size());
+  return at + bytes.size();
+}
+
+char* PutLineEnd(char* at) {
+  at[0] = '\r';
+  at[1] = '\n';
+  return at + 2;
+}
+
+// "key=value": when the text read held the line untrimmed, key, "=" and
+// value lie side by side there and go in one copy.
+char* PutParameter(char* at, const SettingsParameter& p) {
+  const std::string_view key = p.first;
+  const std::string_view value = p.second;
+  if (key.data() + key.size() + 1 == value.data() && key.data()[key.size()] == '=') {
+    return Put(at, std::string_view(key.data(), key.size() + 1 + value.size()));
+  }
+  at = Put(at, key);
+  *at++ = '=';
+  return Put(at, value);
+}
+
+}  // namespace
 
 void SettingsNormalizer::WriteTo(std::string& out) const {
   size_t size = 0;
@@ -269,19 +272,17 @@ void SettingsNormalizer::WriteTo(std::string& out) const {
     size += section.first.size() + 6;  // "[" "]\r\n" and the closing "\r\n"
     for (const SettingsParameter& p : section.second) size += p.first.size() + p.second.size() + 3;
   }
+  // The text is laid down in one buffer of its final size.
   out.clear();
-  out.reserve(size);
+  out.resize(size);
+  char* at = out.data();
   for (const SettingsSection& section : m_sections) {
-    out += '[';
-    out += section.first;
-    out += "]\r\n";
-    for (const SettingsParameter& p : section.second) {
-      out += p.first;
-      out += '=';
-      out += p.second;
-      out += "\r\n";
-    }
-    out += "\r\n";
+    *at++ = '[';
+    at = Put(at, section.first);
+    *at++ = ']';
+    at = PutLineEnd(at);
+    for (const SettingsParameter& p : section.second) at = PutLineEnd(PutParameter(at, p));
+    at = PutLineEnd(at);
   }
 }
 

@@ -15,20 +15,17 @@
 //   n.WriteTo(text);
 #include <cstddef>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "settings/NamePattern.h"
+#include "settings/SettingsListReader.h"
 #include "settings/SettingRules.h"
 
 namespace DL {
-
-using SettingsParameter = std::pair<std::string, std::string>;          // key, value
-using SettingsParameterList = std::vector<SettingsParameter>;           // in order
-using SettingsSection = std::pair<std::string, SettingsParameterList>;  // name, parameters
-using SettingsSectionList = std::vector<SettingsSection>;               // in order
 
 class SettingsNormalizer {
  public:
@@ -39,7 +36,8 @@ class SettingsNormalizer {
   // Appends the sections of a file (read whole; the comment character is ";").
   // False, with nothing read, when the file cannot be opened.
   [[nodiscard]] bool Load(const std::string& path);
-  // Appends the sections of a settings text (comment character ";").
+  // Appends the sections of a settings text (comment character ";"). The
+  // normalizer keeps its own copy of the text; the sections point into it.
   void ReadFrom(std::string_view text);
 
   // Reads a settings text into list, appending its sections in file order.
@@ -53,7 +51,11 @@ class SettingsNormalizer {
   // is merged: a repeated header or key stays where it stands, and every
   // section keeps its place, so that nothing is lost and ties keep file
   // order. A null list does nothing.
-  static void ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list);
+  //
+  // The list points into the text read (SettingsListReader.h): the text
+  // must outlive it. From a stream, the whole stream is read into *text
+  // first (replacing what it held), and the list points there.
+  static void ParseSettingsList(std::istream& in, char separator, SettingsSectionList* list, std::string* text);
   static void ParseSettingsList(std::string_view text, char separator, SettingsSectionList* list);
 
   // Sorts the sections, then the parameters of each section, stably, by the
@@ -73,12 +75,18 @@ class SettingsNormalizer {
 
   size_t GetSectionCount() const { return m_sections.size(); }
   const SettingsSectionList& GetSections() const { return m_sections; }
-  void ClearSettings() { m_sections.clear(); }
+  void ClearSettings() {
+    m_sections.clear();
+    m_texts.clear();
+  }
 
  private:
   void setPriorities();
 
-  SettingsSectionList m_sections;
+  SettingsSectionList m_sections;  // points into m_texts
+  // Every text read since the last clearing. Shared and never changed, so
+  // that a copy of the normalizer points into the same texts safely.
+  std::vector<std::shared_ptr<const std::string>> m_texts;
   SettingRules m_priorities;                  // section rules, in rank order
   std::vector<SettingRules> m_parameterRules;  // parameter lists, named by SettingPriority::children
 

@@ -68,6 +68,11 @@ TEST(NamePatternTest, AnswersAsTheRegularExpressionDoes) {
   }
 }
 
+TEST(NamePatternTest, EveryRuleExpressionIsAnsweredWithoutTheEngine) {
+  for (const std::string& text : RuleExpressions()) EXPECT_TRUE(NamePattern::WholeName(text).IsSimple()) << text;
+  EXPECT_FALSE(NamePattern::WholeName("a.(bc)?d").IsSimple());
+}
+
 TEST(NamePatternTest, ChoiceOfPlainNamesIsRecognised) {
   EXPECT_EQ(NamePattern::WholeName("Clients|MAIN|UseTotalBalance").LiteralNames(),
             (std::vector<std::string>{"Clients", "MAIN", "UseTotalBalance"}));

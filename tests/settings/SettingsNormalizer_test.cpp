@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -49,7 +51,7 @@ class SettingsNormalizerTest : public ::testing::Test {
 
   static std::vector<std::string> SectionNames(std::string_view text) {
     std::vector<std::string> names;
-    for (const auto& section : Read(text)) names.push_back(section.first);
+    for (const auto& section : Read(text)) names.emplace_back(section.first);
     return names;
   }
 };
@@ -451,14 +453,17 @@ TEST_F(SettingsNormalizerTest, StreamAndTextReadAlike) {
   const std::string text = "junk\n[S]\na=1;c\n[T\nb=2\n[U]\n[V]\nc = 3\nd";
   std::istringstream in(text);
   SettingsSectionList fromStream;
-  SettingsNormalizer::ParseSettingsList(in, ';', &fromStream);
+  std::string held;
+  SettingsNormalizer::ParseSettingsList(in, ';', &fromStream, &held);
+  EXPECT_EQ(held, text);
   EXPECT_EQ(fromStream, Read(text));
   EXPECT_EQ(fromStream.size(), 2u);
 }
 
 TEST_F(SettingsNormalizerTest, NullListDoesNothing) {
   std::istringstream in("[S]\na=1\n");
-  SettingsNormalizer::ParseSettingsList(in, ';', nullptr);
+  std::string held;
+  SettingsNormalizer::ParseSettingsList(in, ';', nullptr, &held);
   EXPECT_EQ(in.tellg(), 0);  // the stream was not read
   SettingsNormalizer::ParseSettingsList(std::string_view("[S]\na=1\n"), ';', nullptr);
 }
@@ -474,6 +479,20 @@ TEST_F(SettingsNormalizerTest, ReadingAppendsUntilCleared) {
   std::string out = "old";
   n.WriteTo(out);
   EXPECT_EQ(out, "");
+}
+
+TEST_F(SettingsNormalizerTest, CopyOutlivesTheOriginal) {
+  // The sections point into the texts read; a copy shares those texts, so it
+  // stays whole when the original is cleared or gone.
+  auto original = std::make_unique<SettingsNormalizer>();
+  original->ReadFrom(std::string("[Zed]\nb=1\n[General]\nx=1\n"));
+  SettingsNormalizer copy = *original;
+  original->ClearSettings();
+  original.reset();
+  copy.Normalize();
+  std::string out;
+  copy.WriteTo(out);
+  EXPECT_EQ(out, "[General]\r\nx=1\r\n\r\n[Zed]\r\nb=1\r\n\r\n");
 }
 
 TEST_F(SettingsNormalizerTest, OneObjectNormalisesManyTexts) {
@@ -539,6 +558,24 @@ TEST_F(SettingsNormalizerFileTest, LoadReportsAMissingFile) {
   SettingsNormalizer n;
   EXPECT_FALSE(n.Load((m_dir / "absent.ini").string()));
   EXPECT_EQ(n.GetSectionCount(), 0u);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SettingsListReaderTest, TrimsTheBytesIsspaceCounts) {
+  for (int b = 1; b < 256; ++b) {
+    const char c = static_cast<char>(b);
+    if (c == '\n' || c == ';' || c == '=' || c == '[') continue;
+    const std::string text = std::string("[S]\n") + c + "k" + c + "=v\n";
+    DL::SettingsSectionList list;
+    DL::SettingsNormalizer::ParseSettingsList(text, ';', &list);
+    ASSERT_EQ(list.size(), 1u) << b;
+    const bool space = std::isspace(static_cast<unsigned char>(c)) != 0;
+    const std::string expected = space ? std::string("k") : std::string({c, 'k', c});
+    EXPECT_EQ(list[0].second[0].first, expected) << b;
+  }
 }
 
 }  // namespace
