@@ -183,7 +183,10 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   // 19. Tariff plans.
   ParseTariffPlans();
   // 20. Late sections.
-  ParseLateSections();
+  ParseLateSectionsBeforeClientCVal();
+  ParseClientCVal(*m_parser);
+  ParseLateSectionsAfterClientCVal();
+  ParseComplexInstrumentsGeneral(*m_parser);
   // 21. The repo-term table when the text gave none; the firm is ready.
   m_general.SetRepoTermForRepoCCP();
 }
@@ -214,7 +217,12 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     std::vector<std::string> out = {"BuildSettingCaches",      "ParseCurrencyReplacement", "ParsePortfolioRiskConfigs",
                                     "ParseOldFormSectionLists", "FillBaseAssets",           "FillBoardTariffs",
                                     "ParseUserIdSettings",      "ParseTagSections",         "ParseTariffPlans",
-                                    "ParseLateSections",        "ParseChangeFutClientCodes"};
+                                    "ParseLateSectionsBeforeClientCVal",
+                                    "ParseLateSectionsAfterClientCVal",
+                                    "ParseChangeFutClientCodes",
+                                    "ParseComplexFIApprovedClients_Lite",
+                                    "ParseComplexInstruments_Lite",
+                                    "ReloadRestrictionTemplates (TCacheOfRestrictions)"};
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
 #define ZDL_HUB_PARSER_Pending(function) out.push_back(#function);
@@ -243,7 +251,50 @@ void TStorageHub::FillBoardTariffs() {}
 void TStorageHub::ParseUserIdSettings() {}
 void TStorageHub::ParseTagSections() {}
 void TStorageHub::ParseTariffPlans() {}
-void TStorageHub::ParseLateSections() {}
+void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
+void TStorageHub::ParseLateSectionsAfterClientCVal() {}
+void TStorageHub::ParseComplexFIApprovedClients_Lite(const TIniParser& /*source*/) {}
+void TStorageHub::ParseComplexInstruments_Lite(const TIniParser& /*source*/) {}
+
+void TStorageHub::ParseClientCVal(const TIniParser& source) {
+  m_clientCvalSign = source.GetIniParamInt(std::string(kGeneralSection), TIniParser::ipcClientCval, 1);
+  m_clientCvalClients.clear();
+  for (const auto& [client, value] : source.GetCValSection()) m_clientCvalClients.insert(client);
+}
+
+void TStorageHub::ParseComplexInstrumentsGeneral(const TIniParser& source) {
+  const std::string general(kGeneralSection);
+  m_complexInstrumentsAccessControl =
+      source.GetIniParamBool(general, TIniParser::ipcComplexInstrumentsAccessControl, false);
+  m_complexTypesWithoutRestrictions.clear();
+  const TClassList types(source.GetIniParamString(general, TIniParser::ipcComplexInstrumentsTypesWithoutRestrictions,
+                                                  TIniParser::EmptyString()),
+                         TClassList::UpperNoRepeats);
+  m_complexTypesWithoutRestrictions.insert(types.Items().begin(), types.Items().end());
+}
+
+void TStorageHub::ReloadRestrictionTemplates(const TIniParser& source) {
+  m_parser->ReloadRestrictionsTemplates(source);
+  m_logicParser = std::make_unique<TIniLogicParser>(*m_parser);
+  m_universalParser = std::make_unique<TUniversalParser>(*m_parser);
+  m_universalParser->ParseGlobalSettings();
+  // The restriction templates cache is rebuilt here once it exists.
+}
+
+int TStorageHub::InitLite(const char* text) {
+  if (text == nullptr) return ZDL_BAD_ARGUMENT;
+  try {
+    TIniParser source(text, TIniParser::SourceText, kCommentChar, kParserFlags);
+    ParseComplexFIApprovedClients_Lite(source);
+    ParseComplexInstruments_Lite(source);
+    ReloadRestrictionTemplates(source);
+    ParseComplexInstrumentsGeneral(source);
+    ParseClientCVal(source);
+  } catch (...) {
+    return ZDL_FAILED;
+  }
+  return ZDL_OK;
+}
 void TStorageHub::ParseChangeFutClientCodes(const TIniKeyMap& /*keys*/) {}
 
 // Parse functions without a body of their own: Later ones are read by a

@@ -137,6 +137,22 @@ class TStorageHub {
   bool GetExtendedSubClient() const { return m_extendedSubClient; }
   bool GetSubBrokerGenerateClient() const { return m_subBrokerGenerateClient; }
   const TMaxOrderValue& GetGeneralOrderMaxValue() const { return m_generalOrderMaxValue; }
+  // Complex instruments access, as loaded or as the last InitLite set it.
+  bool GetComplexInstrumentsAccessControl() const { return m_complexInstrumentsAccessControl; }
+  // Upper-case types of "ComplexInstrumentsTypesWithoutRestrictions".
+  const std::set<std::string>& GetComplexInstrumentsTypesWithoutRestrictions() const {
+    return m_complexTypesWithoutRestrictions;
+  }
+  // "ClientCval" of "General" (default 1) and the clients of the first
+  // ClientCval section.
+  int GetClientCvalSign() const { return m_clientCvalSign; }
+  const std::set<std::string>& GetClientCvalClients() const { return m_clientCvalClients; }
+
+  // The small reload from a settings text (see TInfoStorage::InitLite):
+  // 3 for a null text, 1 when a step threw (the steps before it stay done),
+  // else 0.
+  [[nodiscard]] int InitLite(const char* text);
+
   // Client template names found in step 10.
   const std::vector<TClientTemplateNames>& GetClientTemplateNames() const { return m_clientTemplateNames; }
 
@@ -187,7 +203,17 @@ class TStorageHub {
   void ParseUserIdSettings();           // step 16
   void ParseTagSections();              // step 18
   void ParseTariffPlans();              // step 19
-  void ParseLateSections();             // step 20
+  void ParseLateSectionsBeforeClientCVal();  // step 20, up to ParseClientCVal
+  void ParseLateSectionsAfterClientCVal();   // step 20, after ParseClientCVal
+  void ParseComplexFIApprovedClients_Lite(const TIniParser& source);
+  void ParseComplexInstruments_Lite(const TIniParser& source);
+  void ReloadRestrictionTemplates(const TIniParser& source);
+
+  // Step 20: the sign of "ClientCval" of "General" and the clients of the
+  // given ClientCval section.
+  void ParseClientCVal(const TIniParser& source);
+  // The complex instrument settings of "General" (InitLite reads them anew).
+  void ParseComplexInstrumentsGeneral(const TIniParser& source);
 
   // Step 6 and 7: every section through the global parse map.
   void ParseSectionsByGlobalMap();
@@ -222,6 +248,10 @@ class TStorageHub {
   bool m_subBrokerGenerateClient = false;
   TMaxOrderValue m_generalOrderMaxValue;
   std::vector<TClientTemplateNames> m_clientTemplateNames;
+  bool m_complexInstrumentsAccessControl = false;
+  std::set<std::string> m_complexTypesWithoutRestrictions;
+  int m_clientCvalSign = 1;
+  std::set<std::string> m_clientCvalClients;
 };
 
 }  // namespace DL

@@ -265,7 +265,14 @@ TEST(HubPendingStepsTest, DISABLED_TariffPlansAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTariffPlans"));
 }
 TEST(HubPendingStepsTest, DISABLED_LateSectionsAreParsed) {
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSections"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsBeforeClientCVal"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsAfterClientCVal"));
+}
+TEST(HubPendingStepsTest, DISABLED_InitLiteReplacesTheComplexInstrumentStores) {
+  // A text without "ComplexInstruments" leaves that store empty.
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexFIApprovedClients_Lite"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexInstruments_Lite"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ReloadRestrictionTemplates (TCacheOfRestrictions)"));
 }
 TEST(HubPendingStepsTest, DISABLED_ChangeFutClientCodesAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseChangeFutClientCodes"));
@@ -278,6 +285,39 @@ TEST(HubPendingStepsTest, DISABLED_SubBrokersAreParsed) {
 }
 TEST(HubPendingStepsTest, DISABLED_EveryGlobalParserHasAParsedHome) {
   for (const std::string& step : TStorageHub::PendingLoadSteps()) ADD_FAILURE() << step;
+}
+
+// ---- InitLite ----
+
+TEST(HubInitLiteTest, ANullTextReturns3) {
+  TStorageHub hub("", 2);
+  EXPECT_EQ(hub.InitLite(nullptr), ZDL_BAD_ARGUMENT);
+}
+
+TEST(HubInitLiteTest, ReplacesTheComplexInstrumentSettingsAndTheClientValues) {
+  TStorageHub hub(
+      "[General]\nComplexInstrumentsAccessControl=1\nComplexInstrumentsTypesWithoutRestrictions=a,b\n"
+      "[ClientCval]\nC1=1\n",
+      2);
+  EXPECT_TRUE(hub.GetComplexInstrumentsAccessControl());
+  EXPECT_EQ(hub.GetComplexInstrumentsTypesWithoutRestrictions(), (std::set<std::string>{"A", "B"}));
+  EXPECT_EQ(hub.GetClientCvalClients(), std::set<std::string>{"C1"});
+  ASSERT_EQ(hub.InitLite("[General]\nClientCval=0\nComplexInstrumentsTypesWithoutRestrictions=x\n[ClientCval]\nC2=1\n"),
+            ZDL_OK);
+  EXPECT_FALSE(hub.GetComplexInstrumentsAccessControl());
+  EXPECT_EQ(hub.GetComplexInstrumentsTypesWithoutRestrictions(), std::set<std::string>{"X"});
+  EXPECT_EQ(hub.GetClientCvalSign(), 0);
+  EXPECT_EQ(hub.GetClientCvalClients(), std::set<std::string>{"C2"});
+}
+
+TEST(HubInitLiteTest, TakesTheRestrictionTemplatesAndLeavesOtherSectionsInForce) {
+  TStorageHub hub("[clOLD_Restriction_Template]\nClients=C1\n[General]\nUSEPGO=1\n", 2);
+  ASSERT_EQ(hub.InitLite("[clNEW_Restriction_Template]\nClients=C2\n"), ZDL_OK);
+  EXPECT_EQ(hub.GetParser().GetRestrictionTemplateSettings().count("NEW"), 1u);
+  EXPECT_EQ(hub.GetParser().GetRestrictionTemplateSettings().count("OLD"), 0u);
+  bool usePGO = false;
+  EXPECT_EQ(hub.GetUsePGOFromGlobal(&usePGO), ZDL_OK);
+  EXPECT_TRUE(usePGO);
 }
 
 // ---- The save ----
