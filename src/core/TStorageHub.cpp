@@ -486,6 +486,12 @@ void TStorageHub::SettingToStrGlobalGeneral(std::string& out, const TSettingToSt
 #include "core/GeneralRenderedParams.def"
 #undef ZDL_GENERAL_RENDERED
   };
+  // Flags read by ParseGlobalGeneral, written from the hub's fields.
+  const std::pair<std::string_view, const bool*> hubFlags[] = {
+      {"ExtendedSubClient", &m_extendedSubClient},
+      {"CheckForAllLimitKinds", &m_checkForAllLimitKinds},
+      {"CheckUser", &m_checkUser},
+      {"SubBrokerGenerateClient", &m_subBrokerGenerateClient}};
   for (const char* name : kRendered) {
     EGeneralParam code = gpCount;
     if (TGeneralSettings::FindGeneralParam(kGeneralSection, name, code)) {
@@ -493,19 +499,19 @@ void TStorageHub::SettingToStrGlobalGeneral(std::string& out, const TSettingToSt
       const std::string text =
           GeneralParamText(m_general, defaults, code, kGeneralParamInfos[code].kind, isDefault);
       if (!isDefault) AppendLine(lines, name, text);
-    } else if (IsSameSettingsName(name, TIniParser::GetIniParamCode(TIniParser::ipcExtendedSubClient))) {
-      if (m_extendedSubClient) AppendLine(lines, name, "1");
+      continue;
+    }
+    const bool* hubFlag = nullptr;
+    for (const auto& [flagName, field] : hubFlags)
+      if (IsSameSettingsName(name, flagName)) hubFlag = field;
+    if (hubFlag != nullptr) {
+      if (*hubFlag) AppendLine(lines, name, "1");
     } else if (src.keys != nullptr) {
       // No field of the hub holds it yet: the value read stays the home.
       const std::string& value = m_parser->GetIniParamString(*src.keys, std::string(name), TIniParser::EmptyString());
       if (!value.empty()) AppendLine(lines, name, value);
     }
   }
-  // Parameters read by ParseGlobalGeneral are written from their fields.
-  if (m_checkForAllLimitKinds) AppendLine(lines, TIniParser::GetIniParamCode(TIniParser::ipcCheckForAllLimitKinds), "1");
-  if (m_checkUser) AppendLine(lines, TIniParser::GetIniParamCode(TIniParser::ipcCheckUser), "1");
-  if (m_subBrokerGenerateClient)
-    AppendLine(lines, TIniParser::GetIniParamCode(TIniParser::ipcSubBrokerGenerateClient), "1");
   ComposeSection(out, src.section, lines, nullptr, {});
 }
 

@@ -215,6 +215,27 @@ TEST(RoundTripTest, AnEditOfARawParameterReachesTheSavedText) {
   EXPECT_EQ(Save(hub), "[General]\r\nCALCVARMARGIN=1\r\nUsePGO=1\r\n\r\n");
 }
 
+TEST(RoundTripTest, AnEditedTypedValueStandsInTheTextAndTheValueReadAtLoadDoesNotReturn) {
+  TStorageHub hub("[General]\nUseDiscountsType=2\nUSEPGO=1\n", 2);
+  ASSERT_EQ(hub.GetUniversalParser().SetIntParamToGlobalSection(0, DL::iscGeneral, 4), 0);
+  const std::string saved = Save(hub);
+  EXPECT_EQ(saved, "[General]\r\nUSEPGO=1\r\nUseDiscountsType=0\r\n\r\n");
+  TStorageHub reloaded(saved.c_str(), 2);
+  int value = -1;
+  ASSERT_EQ(reloaded.GetUniversalParser().GetIntParamFromGlobalSection(value, DL::iscGeneral, 4), 0);
+  EXPECT_EQ(value, 0);
+  ExpectRoundTrip(saved.c_str(), 2);
+}
+
+TEST(RoundTripTest, ParsedGlobalSectionsComeBackEqual) {
+  ExpectRoundTrip(
+      "[ProhibitOrders]\nClients=C2,C1\nIgnoreClasses=TQBR\nManagerCanClosePos=1\n"
+      "[GlobalProhibedTrdAcc]\nGlobalProhibedTrdAcc=L01,L02\n[AddMultiCurrency]\nC1=USD,EUR\n"
+      "[CommissionCurrency]\nTQBR=SUR\n[AddZadolgBoards]\nL01=TQBR\n"
+      "[General]\nCheckUser=1\nUseCorrelation=0\nAddSubClientDelimiter=/\nThresMarginCoeff=50\n",
+      2);
+}
+
 // Texts of many shapes: section families of every group, repeated headers and
 // keys in changing case, comments, blank lines and both line ends.
 std::string GeneratedText(std::mt19937& random) {

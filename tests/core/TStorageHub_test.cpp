@@ -349,6 +349,11 @@ TEST(HubSaveTest, GeneralFlagOnIsWrittenWithOne) {
   EXPECT_NE(saved.find("AcceptClosePeriodOrders=0\r\n"), std::string::npos) << saved;
 }
 
+TEST(HubSaveTest, FlagsOfTheHubsOwnGeneralParseAreWrittenOnceFromTheirFields) {
+  TStorageHub hub("[General]\nCheckUser=5\nExtendedSubClient=0\nSubBrokerGenerateClient=1\n", 2);
+  EXPECT_EQ(Save(hub), "[General]\r\nCheckUser=1\r\nSubBrokerGenerateClient=1\r\n\r\n");
+}
+
 TEST(HubSaveTest, ProhibitOrdersIsWrittenFromItsParsedFieldsAndKeepsUnknownKeys) {
   TStorageHub hub("[ProhibitOrders]\nClients=C2,C1,ABCDEFGHIJKLM\nNote=x\n", 2);
   EXPECT_EQ(Save(hub), "[ProhibitOrders]\r\nClients=C1,C2\r\nNote=x\r\n\r\n");

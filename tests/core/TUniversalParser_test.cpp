@@ -201,7 +201,8 @@ TEST_F(UniversalParserTest, ExcludedSettingsAreLeftToTheHubAndOtherRawLinesStay)
 
 TEST(UniversalParserExcludedSet, HoldsTheUpperCaseNamesTheHubWrites) {
   const auto& excluded = TUniversalParser::ExcludedGeneralSettings();
-  EXPECT_EQ(excluded.size(), 31u);
+  EXPECT_EQ(excluded.size(), 34u);
+  EXPECT_EQ(excluded.count("CHECKUSER"), 1u);
   EXPECT_EQ(excluded.count("THRESMARGINCOEFF"), 1u);
   EXPECT_EQ(excluded.count("VOLATILITYCHANGESCENARIOS"), 1u);
   EXPECT_EQ(excluded.count("USEPGO"), 0u);
