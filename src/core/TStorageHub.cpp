@@ -216,7 +216,7 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out = {"BuildSettingCaches",      "ParseCurrencyReplacement", "ParsePortfolioRiskConfigs",
                                     "ParseOldFormSectionLists", "FillBaseAssets",           "FillBoardTariffs",
-                                    "ParseUserIdSettings",      "ParseTagSections",         "ParseTariffPlans",
+                                    "ParseUserIdSecuritiesAndFloodControl", "ParseTagSections",         "ParseTariffPlans",
                                     "ParseLateSectionsBeforeClientCVal",
                                     "ParseLateSectionsAfterClientCVal",
                                     "ParseChangeFutClientCodes",
@@ -248,7 +248,41 @@ void TStorageHub::ParsePortfolioRiskConfigs() {}
 void TStorageHub::ParseOldFormSectionLists() {}
 void TStorageHub::FillBaseAssets() {}
 void TStorageHub::FillBoardTariffs() {}
-void TStorageHub::ParseUserIdSettings() {}
+void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& /*keys*/, TUserIdSettings& /*out*/) {}
+
+void TStorageHub::ParseUserIdSettings() {
+  m_userIdSettings.clear();
+  const std::string& prefixUp = TIniParser::GetPartIniSectCodeUp(TIniParser::pscU);
+  for (const auto& [name, keys] : m_parser->GetSections()) {
+    const std::string nameUp = StrUpper(name);
+    if (nameUp.size() <= prefixUp.size() || nameUp.compare(0, prefixUp.size(), prefixUp) != 0) continue;
+    // The rest must be a whole decimal number, a sign allowed.
+    const char* digits = nameUp.c_str() + prefixUp.size();
+    char* end = nullptr;
+    const long number = std::strtol(digits, &end, 10);
+    if (end == digits || *end != '\0' || (*digits != '-' && (*digits < '0' || *digits > '9'))) continue;
+    TUserIdSettings& user = m_userIdSettings[static_cast<int>(number)];
+    user.userId = static_cast<int>(number);
+    user.commission = m_parser->GetIniParamDouble(keys, "COMMISSION", 0.0);
+    user.oblCommission = m_parser->GetIniParamDouble(keys, "OBLCOMMISSION", 0.0);
+    user.tradeCommission = m_parser->GetIniParamDouble(keys, TIniParser::ipcTradeCommission, 0.0);
+    user.tradeOblCommission = m_parser->GetIniParamDouble(keys, TIniParser::ipcTradeOblCommission, 0.0);
+    user.ignoreNegDealCheck = m_parser->GetIniParamBool(keys, "IGNORENEGDEALCHECK", false);
+    const std::string& orderMaxValue =
+        m_parser->GetIniParamString(keys, TIniParser::ipcOrderMaxValue, TIniParser::EmptyString());
+    if (!orderMaxValue.empty()) TIniLogicParser::ParseOrderMaxValueItem(user.orderMaxValue, orderMaxValue);
+    user.allowedTrdAcc.Assign(
+        m_parser->GetIniParamString(keys, TIniParser::ipcAllowedTrdAcc, TIniParser::EmptyString()),
+        TClassList::NoRepeats);
+    user.prohibedTrdAcc.Assign(
+        m_parser->GetIniParamString(keys, TIniParser::ipcProhibedTrdAcc, TIniParser::EmptyString()),
+        TClassList::NoRepeats);
+    user.classesWithoutOrderCheck.Assign(
+        m_parser->GetIniParamString(keys, TIniParser::ipcClassesWithoutOrderCheck, TIniParser::EmptyString()),
+        TClassList::NoRepeats);
+    ParseUserIdSecuritiesAndFloodControl(keys, user);
+  }
+}
 void TStorageHub::ParseTagSections() {}
 void TStorageHub::ParseTariffPlans() {}
 void TStorageHub::ParseLateSectionsBeforeClientCVal() {}

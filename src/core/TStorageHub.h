@@ -68,6 +68,20 @@ struct TPreTradeSettings {
   std::string floodControl;  // the value of "FloodControl", as written
 };
 
+// A user's own settings, from the section "u" + user number.
+struct TUserIdSettings {
+  int userId = 0;
+  double commission = 0.0;          // "COMMISSION"
+  double oblCommission = 0.0;       // "OBLCOMMISSION"
+  double tradeCommission = 0.0;     // "TradeCommission"
+  double tradeOblCommission = 0.0;  // "TradeOblCommission"
+  bool ignoreNegDealCheck = false;  // "IGNORENEGDEALCHECK"
+  TMaxOrderValue orderMaxValue;     // "OrderMaxValue"
+  TClassList allowedTrdAcc;         // "AllowedTrdAcc"
+  TClassList prohibedTrdAcc;        // "ProhibedTrdAcc"
+  TClassList classesWithoutOrderCheck;
+};
+
 class TStorageHub {
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
@@ -153,6 +167,9 @@ class TStorageHub {
   // else 0.
   [[nodiscard]] int InitLite(const char* text);
 
+  // User settings by user number (sections "u" + number).
+  const std::map<int, TUserIdSettings>& GetUserIdSettings() const { return m_userIdSettings; }
+
   // Client template names found in step 10.
   const std::vector<TClientTemplateNames>& GetClientTemplateNames() const { return m_clientTemplateNames; }
 
@@ -201,6 +218,9 @@ class TStorageHub {
   void FillBaseAssets();                // step 16
   void FillBoardTariffs();              // step 16
   void ParseUserIdSettings();           // step 16
+  // The parts of a user's section whose stores are not built yet: the
+  // flood control by instrument and the restricted and allowed securities.
+  void ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, TUserIdSettings& out);
   void ParseTagSections();              // step 18
   void ParseTariffPlans();              // step 19
   void ParseLateSectionsBeforeClientCVal();  // step 20, up to ParseClientCVal
@@ -252,6 +272,7 @@ class TStorageHub {
   std::set<std::string> m_complexTypesWithoutRestrictions;
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
+  std::map<int, TUserIdSettings> m_userIdSettings;
 };
 
 }  // namespace DL

@@ -230,6 +230,30 @@ TEST(HubLoadTest, ClientTemplateNamesAreCollected) {
   EXPECT_EQ(hub.GetClientTemplateNames()[0].clientCode, "C1");
 }
 
+TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
+  TStorageHub hub(
+      "[u12]\nCOMMISSION=0.5\nOblCommission=0.25\nTradeCommission=1\nTradeOblCommission=2\n"
+      "IgnoreNegDealCheck=1\nOrderMaxValue=10,USD\nAllowedTrdAcc=L01,L02\nProhibedTrdAcc=L03\n"
+      "ClassesWithoutOrderCheck=TQBR\n[U-1]\nCOMMISSION=3\n[u]\nCOMMISSION=4\n[u1x]\nCOMMISSION=5\n[user]\nA=1\n",
+      2);
+  const auto& users = hub.GetUserIdSettings();
+  ASSERT_EQ(users.size(), 2u);
+  const DL::TUserIdSettings& u = users.at(12);
+  EXPECT_EQ(u.userId, 12);
+  EXPECT_DOUBLE_EQ(u.commission, 0.5);
+  EXPECT_DOUBLE_EQ(u.oblCommission, 0.25);
+  EXPECT_DOUBLE_EQ(u.tradeCommission, 1.0);
+  EXPECT_DOUBLE_EQ(u.tradeOblCommission, 2.0);
+  EXPECT_TRUE(u.ignoreNegDealCheck);
+  EXPECT_DOUBLE_EQ(u.orderMaxValue.amount, 1000.0);
+  EXPECT_EQ(u.orderMaxValue.currency, "USD");
+  EXPECT_EQ(u.allowedTrdAcc.Items(), (std::vector<std::string>{"L01", "L02"}));
+  EXPECT_EQ(u.prohibedTrdAcc.Items(), std::vector<std::string>{"L03"});
+  EXPECT_EQ(u.classesWithoutOrderCheck.Items(), std::vector<std::string>{"TQBR"});
+  EXPECT_DOUBLE_EQ(users.at(-1).commission, 3.0);
+  EXPECT_FALSE(users.at(-1).ignoreNegDealCheck);
+}
+
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildSettingCaches"));
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
@@ -255,8 +279,8 @@ TEST(HubPendingStepsTest, DISABLED_BaseAssetsAreFilled) { EXPECT_FALSE(TStorageH
 TEST(HubPendingStepsTest, DISABLED_BoardTariffsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBoardTariffs"));
 }
-TEST(HubPendingStepsTest, DISABLED_UserIdSettingsAreParsed) {
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSettings"));
+TEST(HubPendingStepsTest, DISABLED_UserSecuritiesAndFloodControlAreParsed) {
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSecuritiesAndFloodControl"));
 }
 TEST(HubPendingStepsTest, DISABLED_TagSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTagSections"));
