@@ -44,6 +44,44 @@ int TInfoStorage::SaveSettingsToMemory(char** out) { return m_impl->hub->SaveSet
 
 int TInfoStorage::FreeMemory(void** p) { return m_impl->hub->GetMemory().FreeMemory(p); }
 
+int TInfoStorage::InitLite(const char* text) { return m_impl->hub->InitLite(text); }
+
+#define ZDL_GENERAL_PARAM(field, key, section, kind, def)                                      \
+  const TGeneralParamType<EGeneralParamKind::kind>::type& TInfoStorage::Get##field() const { \
+    return m_impl->hub->General().Get##field();                                               \
+  }
+#include "core/GeneralParams.def"
+#undef ZDL_GENERAL_PARAM
+
+int TInfoStorage::GetFlagParam(EGeneralParam code, bool& out) const {
+  return m_impl->hub->General().GetFlagParam(code, out);
+}
+int TInfoStorage::GetIntParam(EGeneralParam code, int& out) const {
+  return m_impl->hub->General().GetIntParam(code, out);
+}
+int TInfoStorage::GetNumberParam(EGeneralParam code, double& out) const {
+  return m_impl->hub->General().GetNumberParam(code, out);
+}
+int TInfoStorage::GetTextParam(EGeneralParam code, std::string& out) const {
+  return m_impl->hub->General().GetTextParam(code, out);
+}
+int TInfoStorage::GetListParam(EGeneralParam code, const TClassList*& out) const {
+  return m_impl->hub->General().GetListParam(code, out);
+}
+const std::string& TInfoStorage::GetMainCurrency() const { return m_impl->hub->General().GetMainCurrency(); }
+bool TInfoStorage::IsRublesEquivalent(const std::string& currency) const {
+  return m_impl->hub->General().IsRublesEquivalent(currency);
+}
+int TInfoStorage::GetBoolParamFromGlobalSection(bool& out, int sect, int num) const {
+  return m_impl->hub->GetUniversalParser().GetBoolParamFromGlobalSection(out, sect, num);
+}
+int TInfoStorage::GetIntParamFromGlobalSection(int& out, int sect, int num) const {
+  return m_impl->hub->GetUniversalParser().GetIntParamFromGlobalSection(out, sect, num);
+}
+int TInfoStorage::GetCharParamFromGlobalSection(char& out, int sect, int num) const {
+  return m_impl->hub->GetUniversalParser().GetCharParamFromGlobalSection(out, sect, num);
+}
+
 TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
 
 int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }

@@ -3,6 +3,9 @@
 // (the ZDL_ settings API, a host engine linking this code) reads, edits and
 // saves a firm through it. It holds no settings itself; they live in the hub.
 #include <memory>
+#include <string>
+
+#include "core/TGeneralSettings.h"
 
 class TLogWriter;
 
@@ -24,6 +27,12 @@ class TInfoStorage {
   // no logger until ActivateLog.
   int Refresh(const char* ini_source_name, int ini_source_type, bool buildTypedStore);
 
+  // The small reload: from a settings text, replaces the restriction
+  // templates, the complex instrument settings of "General" and the
+  // ClientCval clients, and leaves everything else in force. 3 for a null
+  // text, 1 when a step threw (the steps before it stay done), else 0.
+  [[nodiscard]] int InitLite(const char* text);
+
   void ActivateLog(TLogWriter* log);
   void DeactivateLog();
 
@@ -36,6 +45,26 @@ class TInfoStorage {
   // "UsePGO" of section "General", read and written in the section map.
   [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
   [[nodiscard]] int SetUsePGOToGlobal(int value);
+
+  // ---- General parameters for a host engine, as read at load ----
+  // One Get per row of GeneralParams.def, forwarding to the hub.
+#define ZDL_GENERAL_PARAM(field, key, section, kind, def) \
+  const TGeneralParamType<EGeneralParamKind::kind>::type& Get##field() const;
+#include "core/GeneralParams.def"
+#undef ZDL_GENERAL_PARAM
+  // The same by code: 0, or 3 for a code out of range or of another kind.
+  [[nodiscard]] int GetFlagParam(EGeneralParam code, bool& out) const;
+  [[nodiscard]] int GetIntParam(EGeneralParam code, int& out) const;
+  [[nodiscard]] int GetNumberParam(EGeneralParam code, double& out) const;
+  [[nodiscard]] int GetTextParam(EGeneralParam code, std::string& out) const;
+  [[nodiscard]] int GetListParam(EGeneralParam code, const TClassList*& out) const;
+  // Currency identity.
+  const std::string& GetMainCurrency() const;
+  bool IsRublesEquivalent(const std::string& currency) const;
+  // Typed parameters of the global sections (TUniversalParser's codes).
+  [[nodiscard]] int GetBoolParamFromGlobalSection(bool& out, int sect, int num) const;
+  [[nodiscard]] int GetIntParamFromGlobalSection(int& out, int sect, int num) const;
+  [[nodiscard]] int GetCharParamFromGlobalSection(char& out, int sect, int num) const;
 
   TStorageHub& Hub() const;
 
