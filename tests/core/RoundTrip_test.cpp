@@ -7,6 +7,7 @@
 #include <random>
 
 #include "core/DLFunctionHelpers.h"
+#include "core/SavedText.h"
 #include "core/TStorageHub.h"
 
 namespace {
@@ -15,14 +16,7 @@ using DL::EGeneralParam;
 using DL::EGeneralParamKind;
 using DL::TStorageHub;
 
-std::string Save(TStorageHub& hub) {
-  char* text = nullptr;
-  EXPECT_EQ(hub.SaveSettingsToMemory(&text), 0);
-  std::string out = text;
-  void* block = text;
-  EXPECT_EQ(hub.GetMemory().FreeMemory(&block), 0);
-  return out;
-}
+std::string Save(TStorageHub& hub) { return ztest::SavedText(hub); }
 
 // Every general parameter of the two hubs, compared by its kind.
 void ExpectSameGeneralSettings(const TStorageHub& a, const TStorageHub& b) {

@@ -6,6 +6,7 @@
 
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
+#include "core/SavedText.h"
 #include "core/TStorageHub.h"
 #include "core/ZDLErrors.h"
 #include "ini/TIniParser.h"
@@ -17,14 +18,7 @@ using DL::TDispatchTables;
 using DL::TIniParser;
 using DL::TStorageHub;
 
-std::string Save(TStorageHub& hub) {
-  char* text = nullptr;
-  EXPECT_EQ(hub.SaveSettingsToMemory(&text), 0);
-  std::string out = text;
-  void* block = text;
-  EXPECT_EQ(hub.GetMemory().FreeMemory(&block), 0);
-  return out;
-}
+std::string Save(TStorageHub& hub) { return ztest::SavedText(hub); }
 
 // The catalogue is filled by the first parser of the process.
 void FillCatalogue() { TIniParser parser("", 2, ';', 1); }
