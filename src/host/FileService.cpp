@@ -1,5 +1,6 @@
 #include "host/FileService.h"
 
+#include <cstdint>
 #include <vector>
 
 #include "api/ZDeallibAPI.h"
@@ -62,8 +63,9 @@ void WriteRefusal(CAlert& message, const char* verb, tagDL_work* work, int user)
 // Reads a whole file; false when it cannot be opened or read.
 bool ReadWholeFile(const std::string& path, std::string* text) {
   Library::WinFile::CFile file(path, GENERIC_READ, OPEN_EXISTING, false);
-  if (!file.IsValid()) return false;
-  text->assign(static_cast<size_t>(file.Size()), '\0');
+  const std::int64_t size = file.Size();
+  if (!file.IsValid() || size < 0) return false;
+  text->assign(static_cast<size_t>(size), '\0');
   return file.Read(text->data(), static_cast<unsigned>(text->size())) != 0;
 }
 
