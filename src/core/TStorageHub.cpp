@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "core/DLFunctionHelpers.h"
+#include "core/DLUtils.h"
 #include "core/ZDLErrors.h"
 #include "core/misc.h"
 #include "settings/SettingsNormalizer.h"
@@ -185,6 +186,10 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   // 20. Late sections.
   ParseLateSectionsBeforeClientCVal();
   ParseClientCVal(*m_parser);
+  // The groups come after the commission settings currency and the volume
+  // based commission, which are read by the pending part below; none of
+  // those reads a group, so the groups are read first.
+  ParseGroupsAndComplexInstruments(*m_parser);
   ParseLateSectionsAfterClientCVal();
   ParseComplexInstrumentsGeneral(*m_parser);
   // 21. The repo-term table when the text gave none; the firm is ready.
@@ -220,8 +225,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
                                     "ParseLateSectionsBeforeClientCVal",
                                     "ParseLateSectionsAfterClientCVal",
                                     "ParseChangeFutClientCodes",
-                                    "ParseComplexFIApprovedClients_Lite",
-                                    "ParseComplexInstruments_Lite",
                                     "ReloadRestrictionTemplates (TCacheOfRestrictions)"};
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
@@ -287,8 +290,24 @@ void TStorageHub::ParseTagSections() {}
 void TStorageHub::ParseTariffPlans() {}
 void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
 void TStorageHub::ParseLateSectionsAfterClientCVal() {}
-void TStorageHub::ParseComplexFIApprovedClients_Lite(const TIniParser& /*source*/) {}
-void TStorageHub::ParseComplexInstruments_Lite(const TIniParser& /*source*/) {}
+void TStorageHub::ParseComplexFIApprovedClients_Lite(const TIniParser& source) {
+  m_complexFIApprovedClients.clear();
+  const TIniKeyMap* keys = source.FindIniSectionRef(std::string(IniSectName(iscComplexFIApprovedClients)));
+  if (keys != nullptr) ParseComplexFIApprovedClientsList(*keys);
+}
+
+void TStorageHub::ParseComplexInstruments_Lite(const TIniParser& source) {
+  m_complexInstruments.clear();
+  const TIniKeyMap* keys = source.FindIniSectionRef(std::string(IniSectName(iscComplexInstruments)));
+  if (keys != nullptr) ParseComplexInstruments(*keys);
+}
+
+void TStorageHub::ParseGroupsAndComplexInstruments(const TIniParser& source) {
+  const TIniKeyMap* groups = source.FindIniSectionRef(std::string(IniSectName(iscGroupsOfInstrumentsAndClasses)));
+  if (groups != nullptr) ParseGroupsOfInstrumentsAndClasses(*groups);
+  const TIniKeyMap* complex = source.FindIniSectionRef(std::string(IniSectName(iscComplexInstruments)));
+  if (complex != nullptr) ParseComplexInstruments(*complex);
+}
 
 void TStorageHub::ParseClientCVal(const TIniParser& source) {
   m_clientCvalSign = source.GetIniParamInt(std::string(kGeneralSection), TIniParser::ipcClientCval, 1);
@@ -396,6 +415,37 @@ void TStorageHub::ParseSectionSecurityAllowedTrdAcc(const TIniKeyMap& keys) {
 }
 void TStorageHub::ParseSectionSecurityProhibitedTrdAcc(const TIniKeyMap& keys) {
   ParseCodeToListSection(keys, m_securityProhibitedTrdAcc);
+}
+
+void TStorageHub::ParseComplexFIApprovedClientsList(const TIniKeyMap& keys) {
+  m_complexFIApprovedClients.clear();
+  const TClassList clients(m_parser->GetIniParamString(keys, TIniParser::ipcClients, TIniParser::EmptyString()),
+                           TClassList::NoRepeats);
+  for (const std::string& client : clients.Items())
+    if (client.size() <= kClientCodeMaxLength) m_complexFIApprovedClients.insert(client);
+}
+
+void TStorageHub::ParseInstrumentGroups(const TIniKeyMap& keys, TInstrumentGroups& out) {
+  out.clear();
+  for (const auto& [name, value] : keys) {
+    const std::string groupName = TrimStr(name);
+    if (groupName.empty()) continue;
+    TInstrumentGroup group;
+    std::size_t markerPos = 0;
+    const std::string upper = StrUpper(value);
+    const bool hasClasses = upper.find(StrUpper(Utils::ClassListMarker)) != std::string::npos;
+    const bool hasInstruments = upper.find(StrUpper(Utils::InstrumentsMarker)) != std::string::npos ||
+                                upper.find(StrUpper(Utils::InstrMarker)) != std::string::npos;
+    if (hasClasses && !Utils::GetClassListFromString(value, group.classCodes, markerPos)) continue;
+    if (hasInstruments && !Utils::GetSecListFromString(value, group.instrumentCodes, markerPos)) continue;
+    if (group.classCodes.empty() && group.instrumentCodes.empty()) continue;
+    out[groupName] = std::move(group);
+  }
+}
+
+void TStorageHub::ParseComplexInstruments(const TIniKeyMap& keys) { ParseInstrumentGroups(keys, m_complexInstruments); }
+void TStorageHub::ParseGroupsOfInstrumentsAndClasses(const TIniKeyMap& keys) {
+  ParseInstrumentGroups(keys, m_groupsOfInstrumentsAndClasses);
 }
 
 void TStorageHub::ParseSectionPreTrade(const TIniKeyMap& keys, int number) {
@@ -588,6 +638,39 @@ void TStorageHub::SettingToStrAddMultiCurrencyGlobal(std::string& out, const TSe
 }
 void TStorageHub::SettingToStrCommissionCurrency(std::string& out, const TSettingToStrSource& src) const {
   CodeToListToStr(out, src.section, m_commissionCurrency);
+}
+
+void TStorageHub::SettingToStrComplexFIApprovedClientsList(std::string& out, const TSettingToStrSource& src) const {
+  std::string lines;
+  if (!m_complexFIApprovedClients.empty())
+    AppendLine(lines, TIniParser::GetIniParamCode(TIniParser::ipcClients),
+               GetRowWithDelimsFromListRows(m_complexFIApprovedClients));
+  ComposeSection(out, src.section, lines, src.keys, {TIniParser::GetIniParamCodeUp(TIniParser::ipcClients)});
+}
+
+void TStorageHub::InstrumentGroupsToStr(std::string& out, const TSettingToStrSource& src,
+                                        const TInstrumentGroups& groups) {
+  std::string lines;
+  for (const auto& [name, group] : groups) {
+    std::string value;
+    if (!group.classCodes.empty()) {
+      value += Utils::ClassListMarker;
+      value += GetRowWithDelimsFromListRows(group.classCodes);
+    }
+    if (!group.instrumentCodes.empty()) {
+      value += Utils::InstrumentsMarker;
+      value += GetRowWithDelimsFromListRows(group.instrumentCodes);
+    }
+    AppendLine(lines, name, value);
+  }
+  ComposeSection(out, src.section, lines, nullptr, {});
+}
+
+void TStorageHub::SettingToStrComplexInstruments(std::string& out, const TSettingToStrSource& src) const {
+  InstrumentGroupsToStr(out, src, m_complexInstruments);
+}
+void TStorageHub::SettingToStrGroupsOfInstrumentsAndClasses(std::string& out, const TSettingToStrSource& src) const {
+  InstrumentGroupsToStr(out, src, m_groupsOfInstrumentsAndClasses);
 }
 
 void TStorageHub::SettingToStrClientCval(std::string& out, const TSettingToStrSource& src) const {

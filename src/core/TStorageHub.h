@@ -60,6 +60,13 @@ struct TProhibitOrders {
   bool managerCanClosePos = false;
 };
 
+// One group of "GroupsOfInstrumentsAndClasses" or "ComplexInstruments": the
+// classes and the instruments named under the group's key.
+struct TInstrumentGroup {
+  std::set<std::string> classCodes;
+  std::set<std::string> instrumentCodes;
+};
+
 // A "PreTrade_<n>" section as read at load: its number and its parameters.
 // The flood control of "FloodControl" is kept as written until the pre-trade
 // flood control settings are parsed into a store of their own.
@@ -157,6 +164,14 @@ class TStorageHub {
   const std::set<std::string>& GetComplexInstrumentsTypesWithoutRestrictions() const {
     return m_complexTypesWithoutRestrictions;
   }
+  // Clients of "ComplexFIApprovedClients" (its parameter "Clients").
+  const std::set<std::string>& GetComplexFIApprovedClients() const { return m_complexFIApprovedClients; }
+  // Groups by name (compared without regard to case).
+  using TInstrumentGroups = std::map<std::string, TInstrumentGroup, StringMapComparerFunc>;
+  // "ComplexInstruments": the groups of complex instruments.
+  const TInstrumentGroups& GetComplexInstruments() const { return m_complexInstruments; }
+  // "GroupsOfInstrumentsAndClasses".
+  const TInstrumentGroups& GetGroupsOfInstrumentsAndClasses() const { return m_groupsOfInstrumentsAndClasses; }
   // "ClientCval" of "General" (default 1) and the clients of the first
   // ClientCval section.
   int GetClientCvalSign() const { return m_clientCvalSign; }
@@ -232,6 +247,15 @@ class TStorageHub {
   // Step 20: the sign of "ClientCval" of "General" and the clients of the
   // given ClientCval section.
   void ParseClientCVal(const TIniParser& source);
+  // Step 20: "GroupsOfInstrumentsAndClasses" and "ComplexInstruments" of the
+  // given parser, each read anew when the section is there.
+  void ParseGroupsAndComplexInstruments(const TIniParser& source);
+  // A groups section into `out`, which is cleared first: key = group name,
+  // value = "_ClassList_<classes>_Instruments_<instruments>", either part
+  // may be left out. A line with a code longer than 12 characters, or with
+  // neither list, is dropped.
+  static void ParseInstrumentGroups(const TIniKeyMap& keys, TInstrumentGroups& out);
+  static void InstrumentGroupsToStr(std::string& out, const TSettingToStrSource& src, const TInstrumentGroups& groups);
   // The complex instrument settings of "General" (InitLite reads them anew).
   void ParseComplexInstrumentsGeneral(const TIniParser& source);
 
@@ -270,6 +294,9 @@ class TStorageHub {
   std::vector<TClientTemplateNames> m_clientTemplateNames;
   bool m_complexInstrumentsAccessControl = false;
   std::set<std::string> m_complexTypesWithoutRestrictions;
+  std::set<std::string> m_complexFIApprovedClients;
+  TInstrumentGroups m_complexInstruments;
+  TInstrumentGroups m_groupsOfInstrumentsAndClasses;
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
   std::map<int, TUserIdSettings> m_userIdSettings;

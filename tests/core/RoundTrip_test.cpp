@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <random>
+#include <set>
 
 #include "core/DLFunctionHelpers.h"
 #include "core/SavedText.h"
@@ -74,7 +76,8 @@ void ExpectSameGeneralSettings(const TStorageHub& a, const TStorageHub& b) {
 // of the text.
 bool IsWrittenFromHubFields(const std::string& name) {
   static const char* const kNames[] = {"General", "GlobalProhibedTrdAcc", "ProhibitOrders", "AddZadolgBoards",
-                                       "AddMultiCurrency", "CommissionCurrency"};
+                                       "AddMultiCurrency", "CommissionCurrency", "ComplexFIApprovedClients",
+                                       "ComplexInstruments", "GroupsOfInstrumentsAndClasses"};
   for (const char* n : kNames)
     if (DL::IsSameSettingsName(name, n)) return true;
   return false;
@@ -138,6 +141,14 @@ void ExpectSameHubSettings(const TStorageHub& a, const TStorageHub& b) {
   EXPECT_EQ(lists(a.GetAddZadolgBoards()), lists(b.GetAddZadolgBoards()));
   EXPECT_EQ(lists(a.GetAddMultiCurrency()), lists(b.GetAddMultiCurrency()));
   EXPECT_EQ(lists(a.GetCommissionCurrency()), lists(b.GetCommissionCurrency()));
+  auto groups = [](const TStorageHub::TInstrumentGroups& m) {
+    std::map<std::string, std::pair<std::set<std::string>, std::set<std::string>>> out;
+    for (const auto& [name, group] : m) out[name] = {group.classCodes, group.instrumentCodes};
+    return out;
+  };
+  EXPECT_EQ(a.GetComplexFIApprovedClients(), b.GetComplexFIApprovedClients());
+  EXPECT_EQ(groups(a.GetComplexInstruments()), groups(b.GetComplexInstruments()));
+  EXPECT_EQ(groups(a.GetGroupsOfInstrumentsAndClasses()), groups(b.GetGroupsOfInstrumentsAndClasses()));
   EXPECT_EQ(a.GetCheckForAllLimitKinds(), b.GetCheckForAllLimitKinds());
   EXPECT_EQ(a.GetCheckUser(), b.GetCheckUser());
   EXPECT_EQ(a.GetExtendedSubClient(), b.GetExtendedSubClient());
@@ -230,6 +241,14 @@ TEST(RoundTripTest, ParsedGlobalSectionsComeBackEqual) {
       2);
 }
 
+TEST(RoundTripTest, ComplexInstrumentSectionsComeBackEqual) {
+  ExpectRoundTrip(
+      "[ComplexFIApprovedClients]\nClients=C2,C1,ABCDEFGHIJKLM\nNote=x\n"
+      "[ComplexInstruments]\nStructured=_ClassList_TQCB,TQOB_Instruments_RU000A0JX0J2\nOptions=_ClassList_SPBOPT\n"
+      "[GroupsOfInstrumentsAndClasses]\nBlue=_Instruments_SBER,GAZP\nBad=TQBR\n",
+      2);
+}
+
 // Texts of many shapes: section families of every group, repeated headers and
 // keys in changing case, comments, blank lines and both line ends.
 std::string GeneratedText(std::mt19937& random) {
@@ -237,17 +256,25 @@ std::string GeneratedText(std::mt19937& random) {
       "General", "Commission", "clC1", "clC2", "clC1_Margin", "clC1_Margin_LimitKind_2", "cl<GENERAL>_Margin",
       "clT_Client_Template", "clM_Margin_Template", "clR_Restriction_Template", "PriceLimit", "Soft_PriceLimit",
       "ClientLag", "ClientCval", "u12", "u-1", "PreTrade_3", "PreTrade_12", "BoardTag", "Unknown_Section",
-      "bdTQBR_CommissionScale", "SubBrokers", "BaseAssets_Template_X", "PortfolioRiskConfig_A"};
+      "bdTQBR_CommissionScale", "SubBrokers", "BaseAssets_Template_X", "PortfolioRiskConfig_A",
+      "ComplexFIApprovedClients", "ComplexInstruments", "GroupsOfInstrumentsAndClasses"};
   static const std::vector<std::string> kKeys = {"USEPGO", "ThresMarginCoeff", "Clients", "TQBR", "SBER",
                                                  "MaxOrderQuantity_TQBR", "CREDITLAG", "X", "usepgo", "0"};
   std::uniform_int_distribution<size_t> section(0, kSections.size() - 1), key(0, kKeys.size() - 1);
   std::uniform_int_distribution<int> lines(0, 6), value(0, 999), coin(0, 3);
   std::string text;
   for (int s = 0; s < 12; ++s) {
-    text += "[" + kSections[section(random)] + "]" + (coin(random) == 0 ? " ; comment\r\n" : "\n");
+    const std::string& name = kSections[section(random)];
+    // A group section gets lists in its values, and sometimes a bare number.
+    const bool groups = DL::IsSameSettingsName(name, "ComplexInstruments") ||
+                        DL::IsSameSettingsName(name, "GroupsOfInstrumentsAndClasses");
+    text += "[" + name + "]" + (coin(random) == 0 ? " ; comment\r\n" : "\n");
     for (int l = lines(random); l > 0; --l) {
       if (coin(random) == 0) text += "\n";
-      text += kKeys[key(random)] + " = " + std::to_string(value(random)) + (coin(random) == 0 ? "\r\n" : "\n");
+      std::string item = std::to_string(value(random));
+      if (groups && coin(random) != 0)
+        item = (coin(random) == 0 ? "_instruments_S" : "_ClassList_C" + item + ",TQBR_Instruments_S") + item;
+      text += kKeys[key(random)] + " = " + item + (coin(random) == 0 ? "\r\n" : "\n");
     }
   }
   return text;

@@ -2,6 +2,7 @@
 // the load, the global sections parsed by the hub, and the save.
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 #include "core/TFirmManager.h"
@@ -286,10 +287,21 @@ TEST(HubPendingStepsTest, DISABLED_LateSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsBeforeClientCVal"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsAfterClientCVal"));
 }
-TEST(HubPendingStepsTest, DISABLED_InitLiteReplacesTheComplexInstrumentStores) {
-  // A text without "ComplexInstruments" leaves that store empty.
+TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexFIApprovedClients_Lite"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexInstruments_Lite"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexFIApprovedClientsList"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexInstruments"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseGroupsOfInstrumentsAndClasses"));
+  TStorageHub hub("[ComplexFIApprovedClients]\nClients=C1\n[ComplexInstruments]\nG1=_ClassList_TQBR\n", 2);
+  ASSERT_EQ(hub.InitLite("[ComplexFIApprovedClients]\nClients=C2\n[ComplexInstruments]\nG2=_Instruments_SBER\n"),
+            ZDL_OK);
+  EXPECT_EQ(hub.GetComplexFIApprovedClients(), std::set<std::string>{"C2"});
+  ASSERT_EQ(hub.GetComplexInstruments().size(), 1u);
+  EXPECT_EQ(hub.GetComplexInstruments().begin()->first, "G2");
+  EXPECT_EQ(hub.GetComplexInstruments().begin()->second.instrumentCodes, std::set<std::string>{"SBER"});
+}
+TEST(HubPendingStepsTest, DISABLED_RestrictionsCacheIsRebuiltByInitLite) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ReloadRestrictionTemplates (TCacheOfRestrictions)"));
 }
 TEST(HubPendingStepsTest, DISABLED_ChangeFutClientCodesAreParsed) {
