@@ -290,16 +290,25 @@ void TStorageHub::ParseTagSections() {}
 void TStorageHub::ParseTariffPlans() {}
 void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
 void TStorageHub::ParseLateSectionsAfterClientCVal() {}
+// A store filled by InitLite is saved from its section's place in the map:
+// the section is entered there when the loaded text had none, so that the
+// next save writes what InitLite brought.
 void TStorageHub::ParseComplexFIApprovedClients_Lite(const TIniParser& source) {
   m_complexFIApprovedClients.clear();
-  const TIniKeyMap* keys = source.FindIniSectionRef(std::string(IniSectName(iscComplexFIApprovedClients)));
-  if (keys != nullptr) ParseComplexFIApprovedClientsList(*keys);
+  const std::string name(IniSectName(iscComplexFIApprovedClients));
+  const TIniKeyMap* keys = source.FindIniSectionRef(name);
+  if (keys == nullptr) return;
+  ParseComplexFIApprovedClientsList(*keys);
+  m_parser->FindOrCreateIniSection(name);
 }
 
 void TStorageHub::ParseComplexInstruments_Lite(const TIniParser& source) {
   m_complexInstruments.clear();
-  const TIniKeyMap* keys = source.FindIniSectionRef(std::string(IniSectName(iscComplexInstruments)));
-  if (keys != nullptr) ParseComplexInstruments(*keys);
+  const std::string name(IniSectName(iscComplexInstruments));
+  const TIniKeyMap* keys = source.FindIniSectionRef(name);
+  if (keys == nullptr) return;
+  ParseComplexInstruments(*keys);
+  m_parser->FindOrCreateIniSection(name);
 }
 
 void TStorageHub::ParseGroupsAndComplexInstruments(const TIniParser& source) {

@@ -181,4 +181,13 @@ TEST(HubComplexInstrumentsInitLiteTest, ASaveAfterInitLiteWritesTheNewStores) {
             "[ComplexFIApprovedClients]\r\nClients=C2\r\n\r\n[ComplexInstruments]\r\nB=_Instruments_Z\r\n\r\n");
 }
 
+TEST(HubComplexInstrumentsInitLiteTest, ASaveAfterInitLiteWritesStoresTheLoadedTextLacked) {
+  TStorageHub hub("[General]\nA=1\n", 2);
+  ASSERT_EQ(hub.InitLite("[ComplexFIApprovedClients]\nClients=C2\n[ComplexInstruments]\nB=_Instruments_Z\n"),
+            ZDL_OK);
+  EXPECT_EQ(Save(hub),
+            "[General]\r\nA=1\r\n\r\n[ComplexFIApprovedClients]\r\nClients=C2\r\n\r\n"
+            "[ComplexInstruments]\r\nB=_Instruments_Z\r\n\r\n");
+}
+
 }  // namespace
