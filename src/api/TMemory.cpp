@@ -4,13 +4,18 @@
 
 namespace {
 
+// A string block.
+void ReleaseRecord(char* s) { delete[] s; }
+
+// An array record and its items; the strings of an array of strings first.
 template <class Array>
-Array* NewArray(size_t count) {
-  using Item = std::remove_pointer_t<decltype(Array::items)>;
-  Array* a = new Array;
-  a->count = count;
-  a->items = count == 0 ? nullptr : new Item[count]();
-  return a;
+void ReleaseRecord(Array* a) {
+  if constexpr (std::is_same_v<decltype(a->items), char**>) {
+    if (a->items != nullptr)
+      for (uint64_t i = 0; i < a->count; ++i) delete[] a->items[i];
+  }
+  delete[] a->items;
+  delete a;
 }
 
 }  // namespace
@@ -23,24 +28,6 @@ char* TMemory::ConstructString(size_t size) {
   char* s = new char[size]();
   AddMemory(s, MEM_STRING);
   return s;
-}
-
-ZDL_ArrayStrings* TMemory::ConstructArrayStrings(size_t count) {
-  ZDL_ArrayStrings* a = NewArray<ZDL_ArrayStrings>(count);
-  AddMemory(a, MEM_ARRAY_STRINGS);
-  return a;
-}
-
-ZDL_ArrayIntNumbers* TMemory::ConstructArrayIntNumbers(size_t count) {
-  ZDL_ArrayIntNumbers* a = NewArray<ZDL_ArrayIntNumbers>(count);
-  AddMemory(a, MEM_ARRAY_INT_NUMBERS);
-  return a;
-}
-
-ZDL_ArrayDoubleNumbers* TMemory::ConstructArrayDoubleNumbers(size_t count) {
-  ZDL_ArrayDoubleNumbers* a = NewArray<ZDL_ArrayDoubleNumbers>(count);
-  AddMemory(a, MEM_ARRAY_DOUBLE_NUMBERS);
-  return a;
 }
 
 void TMemory::AddMemory(void* p, EMEM_TYPE kind) {
@@ -65,29 +52,12 @@ int TMemory::FreeMemory(void** p) {
 
 void TMemory::Release(void* p, EMEM_TYPE kind) {
   switch (kind) {
-    case MEM_STRING:
-      delete[] static_cast<char*>(p);
-      return;
-    case MEM_ARRAY_STRINGS: {
-      auto* a = static_cast<ZDL_ArrayStrings*>(p);
-      if (a->items != nullptr)
-        for (uint64_t i = 0; i < a->count; ++i) delete[] a->items[i];
-      delete[] a->items;
-      delete a;
-      return;
-    }
-    case MEM_ARRAY_INT_NUMBERS: {
-      auto* a = static_cast<ZDL_ArrayIntNumbers*>(p);
-      delete[] a->items;
-      delete a;
-      return;
-    }
-    case MEM_ARRAY_DOUBLE_NUMBERS: {
-      auto* a = static_cast<ZDL_ArrayDoubleNumbers*>(p);
-      delete[] a->items;
-      delete a;
-      return;
-    }
+#define ZDL_MEMORY_KIND(kind, record) \
+  case kind:                          \
+    ReleaseRecord(static_cast<record*>(p)); \
+    return;
+#include "api/TMemory.def"
+#undef ZDL_MEMORY_KIND
     case MEM_KIND_COUNT:
       return;
   }

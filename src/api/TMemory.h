@@ -5,6 +5,7 @@
 // firm is finished (the destructor releases what is left).
 #include <cstddef>
 #include <map>
+#include <type_traits>
 
 #include "api/ZDLTypes.h"
 
@@ -24,13 +25,24 @@ class TMemory {
   TMemory& operator=(const TMemory&) = delete;
   ~TMemory();
 
+  // The kind under which a record type is registered, from TMemory.def.
+  template <class Record>
+  struct KindOf;
+
   // A zeroed block of `size` characters.
   char* ConstructString(size_t size);
-  // A record with `count` zeroed items; items is null for a count of 0. The
-  // strings inside are the caller's to fill (each with array new).
-  ZDL_ArrayStrings* ConstructArrayStrings(size_t count);
-  ZDL_ArrayIntNumbers* ConstructArrayIntNumbers(size_t count);
-  ZDL_ArrayDoubleNumbers* ConstructArrayDoubleNumbers(size_t count);
+  // An array record with `count` zeroed items, registered under its kind;
+  // items is null for a count of 0. The strings inside a ZDL_ArrayStrings
+  // are the caller's to fill (each with array new).
+  template <class Array>
+  Array* ConstructArray(size_t count) {
+    using Item = std::remove_pointer_t<decltype(Array::items)>;
+    Array* a = new Array;
+    a->count = count;
+    a->items = count == 0 ? nullptr : new Item[count]();
+    AddMemory(a, KindOf<Array>::value);
+    return a;
+  }
 
   // Registers a block under its kind; a null block is ignored.
   void AddMemory(void* p, EMEM_TYPE kind);
@@ -49,3 +61,11 @@ class TMemory {
 
   std::map<void*, EMEM_TYPE> m_blocks;
 };
+
+#define ZDL_MEMORY_KIND(kind, record)                  \
+  template <>                                          \
+  struct TMemory::KindOf<record> {                     \
+    static constexpr TMemory::EMEM_TYPE value = kind;  \
+  };
+#include "api/TMemory.def"
+#undef ZDL_MEMORY_KIND

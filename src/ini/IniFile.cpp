@@ -9,6 +9,7 @@
 #include "ini/PrivateProfile.h"
 #include "support/FileUtils.h"
 #include "support/HostEvent.h"
+#include "support/ScopedFile.h"
 
 namespace Library::Ini {
 namespace {
@@ -34,20 +35,6 @@ std::string Trimmed(std::string s) {
   CIniFile::trim(s);
   return s;
 }
-
-class TFileCloser {
- public:
-  explicit TFileCloser(FILE* f) : m_file(f) {}
-  ~TFileCloser() {
-    if (m_file != nullptr) std::fclose(m_file);
-  }
-  TFileCloser(const TFileCloser&) = delete;
-  TFileCloser& operator=(const TFileCloser&) = delete;
-  FILE* get() const { return m_file; }
-
- private:
-  FILE* m_file;
-};
 
 void AddRecord(std::string line, std::vector<CIniFile::CRecord>& records) {
   while (!line.empty() && line.back() == '\n') line.pop_back();
@@ -189,7 +176,7 @@ bool CIniFile::SectionExist(const std::string& section) const {
 std::vector<CIniFile::CRecord> CIniFile::GetRecords(const std::string& section) const {
   std::vector<CRecord> records;
   if (!IsFile()) return records;
-  TFileCloser f(std::fopen(m_path.c_str(), "r"));
+  Library::TScopedFile f(std::fopen(m_path.c_str(), "r"));
   if (f.get() == nullptr) return records;
   const std::string header = Header(section);
   std::vector<char> chunk(kRecordChunk);

@@ -9,6 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "ini/SettingsText.h"
+#include "support/ScopedFile.h"
+
 namespace {
 
 // Line buffers of the profile functions; their sizes decide where a long line
@@ -17,23 +20,6 @@ constexpr int kReadLineBuffer = 2000;
 constexpr int kNamesLineBuffer = 256;
 constexpr int kWriteStringLineBuffer = 1024;
 constexpr int kWriteSectionLineBuffer = 256;
-
-char UpperAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - ('a' - 'A')) : c; }
-
-// Closes the file when the call ends.
-class TFileCloser {
- public:
-  explicit TFileCloser(FILE* f) : m_file(f) {}
-  ~TFileCloser() {
-    if (m_file != nullptr) std::fclose(m_file);
-  }
-  TFileCloser(const TFileCloser&) = delete;
-  TFileCloser& operator=(const TFileCloser&) = delete;
-  FILE* get() const { return m_file; }
-
- private:
-  FILE* m_file;
-};
 
 std::string Header(const char* section) { return std::string("[") + section + "]"; }
 
@@ -83,7 +69,7 @@ std::string Trimmed(std::string s) {
 // Every line of the file, each through lx_trim; a missing file gives none.
 std::vector<std::string> ReadTrimmedLines(const char* path, int bufferSize) {
   std::vector<std::string> lines;
-  TFileCloser f(std::fopen(path, "r"));
+  Library::TScopedFile f(std::fopen(path, "r"));
   if (f.get() == nullptr) return lines;
   std::vector<char> buf(static_cast<std::size_t>(bufferSize));
   while (std::fgets(buf.data(), bufferSize, f.get()) != nullptr) lines.emplace_back(lx_trim(buf.data()));
@@ -99,7 +85,7 @@ std::size_t FindHeaderForWriting(const std::vector<std::string>& lines, const ch
 }
 
 int WriteLines(const char* path, const std::vector<std::string>& lines) {
-  TFileCloser f(std::fopen(path, "w"));
+  Library::TScopedFile f(std::fopen(path, "w"));
   if (f.get() == nullptr) return 0;
   for (const std::string& line : lines) {
     std::fwrite(line.data(), 1, line.size(), f.get());
@@ -137,7 +123,7 @@ const char* _stristr(const char* haystack, const char* needle) {
   if (haystack == nullptr || needle == nullptr) return nullptr;
   for (const char* start = haystack;; ++start) {
     std::size_t i = 0;
-    while (needle[i] != '\0' && UpperAscii(start[i]) == UpperAscii(needle[i])) ++i;
+    while (needle[i] != '\0' && DL::ToUpperAscii(start[i]) == DL::ToUpperAscii(needle[i])) ++i;
     if (needle[i] == '\0') return start;
     if (*start == '\0') return nullptr;
   }
@@ -146,7 +132,7 @@ const char* _stristr(const char* haystack, const char* needle) {
 long lx_GetPrivateProfileInt(const char* section, const char* key, unsigned long defaultValue, const char* path) {
   const long fallback = static_cast<long>(defaultValue);
   if (section == nullptr || key == nullptr || path == nullptr) return fallback;
-  TFileCloser f(std::fopen(path, "r"));
+  Library::TScopedFile f(std::fopen(path, "r"));
   if (f.get() == nullptr) return fallback;
   std::vector<char> buf(kReadLineBuffer);
   if (!SeekSectionForReading(f.get(), section, buf)) return fallback;
@@ -163,7 +149,7 @@ unsigned long lx_GetPrivateProfileString(const char* section, const char* key, c
                                          unsigned long size, const char* path) {
   const char* fallback = defaultValue != nullptr ? defaultValue : "";
   if (section == nullptr || key == nullptr || path == nullptr) return CopyOut(out, size, fallback);
-  TFileCloser f(std::fopen(path, "r"));
+  Library::TScopedFile f(std::fopen(path, "r"));
   if (f.get() == nullptr) return CopyOut(out, size, fallback);
   std::vector<char> buf(kReadLineBuffer);
   if (!SeekSectionForReading(f.get(), section, buf)) return CopyOut(out, size, fallback);
@@ -178,7 +164,7 @@ unsigned long lx_GetPrivateProfileSection(const char* section, char* out, unsign
   if (out == nullptr || size == 0) return 0;
   std::memset(out, 0, size);
   if (section == nullptr || path == nullptr) return 0;
-  TFileCloser f(std::fopen(path, "r"));
+  Library::TScopedFile f(std::fopen(path, "r"));
   if (f.get() == nullptr) return 0;
   std::vector<char> buf(kReadLineBuffer);
   if (!SeekSectionForReading(f.get(), section, buf)) return 0;
@@ -198,7 +184,7 @@ unsigned long lx_GetPrivateProfileSectionNames(char* out, unsigned long size, co
   if (out == nullptr || size == 0) return 0;
   std::memset(out, 0, size);
   if (path == nullptr) return 0;
-  TFileCloser f(std::fopen(path, "r"));
+  Library::TScopedFile f(std::fopen(path, "r"));
   if (f.get() == nullptr) return 0;
   std::vector<char> buf(kNamesLineBuffer);
   unsigned long used = 0;

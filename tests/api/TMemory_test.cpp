@@ -17,17 +17,17 @@ TEST(TMemoryTest, AStringBlockIsZeroedAndRegistered) {
 
 TEST(TMemoryTest, AnEmptyArrayHasCountZeroAndNoItems) {
   TMemory memory;
-  ZDL_ArrayStrings* a = memory.ConstructArrayStrings(0);
+  ZDL_ArrayStrings* a = memory.ConstructArray<ZDL_ArrayStrings>(0);
   EXPECT_EQ(a->count, 0u);
   EXPECT_EQ(a->items, nullptr);
-  ZDL_ArrayIntNumbers* n = memory.ConstructArrayIntNumbers(0);
+  ZDL_ArrayIntNumbers* n = memory.ConstructArray<ZDL_ArrayIntNumbers>(0);
   EXPECT_EQ(n->count, 0u);
   EXPECT_EQ(n->items, nullptr);
 }
 
 TEST(TMemoryTest, FreeingThroughTheVariableTwiceGivesZeroThenFour) {
   TMemory memory;
-  void* p = memory.ConstructArrayDoubleNumbers(3);
+  void* p = memory.ConstructArray<ZDL_ArrayDoubleNumbers>(3);
   EXPECT_EQ(memory.FreeMemory(&p), 0);
   EXPECT_EQ(p, nullptr);
   EXPECT_EQ(memory.FreeMemory(&p), 4);
@@ -63,7 +63,7 @@ TEST(TMemoryTest, ANullBlockIsNotRegistered) {
 
 TEST(TMemoryTest, StringsInsideAnArrayAreReleasedWithIt) {
   TMemory memory;
-  ZDL_ArrayStrings* a = memory.ConstructArrayStrings(2);
+  ZDL_ArrayStrings* a = memory.ConstructArray<ZDL_ArrayStrings>(2);
   a->items[0] = new char[3]{'a', 'b', 0};
   // items[1] stays null: a partly filled array is released as well.
   void* p = a;
@@ -72,7 +72,7 @@ TEST(TMemoryTest, StringsInsideAnArrayAreReleasedWithIt) {
 
 TEST(TMemoryTest, TheDestructorReleasesWhatIsLeft) {
   auto memory = std::make_unique<TMemory>();
-  ZDL_ArrayStrings* a = memory->ConstructArrayStrings(1);
+  ZDL_ArrayStrings* a = memory->ConstructArray<ZDL_ArrayStrings>(1);
   a->items[0] = new char[2]{'x', 0};
   memory->ConstructString(10);
   memory.reset();  // the sanitizer build checks nothing leaks
