@@ -219,13 +219,23 @@ void TStorageHub::ParseSectionsByGlobalMap() {
 // stay raw text in the section map, which the save copies as they stand.
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
-    std::vector<std::string> out = {"BuildSettingCaches",      "ParseCurrencyReplacement", "ParsePortfolioRiskConfigs",
-                                    "ParseOldFormSectionLists", "FillBaseAssets",           "FillBoardTariffs",
-                                    "ParseUserIdSecuritiesAndFloodControl", "ParseTagSections",         "ParseTariffPlans",
-                                    "ParseLateSectionsBeforeClientCVal",
-                                    "ParseLateSectionsAfterClientCVal",
-                                    "ParseChangeFutClientCodes",
-                                    "ReloadRestrictionTemplates (TCacheOfRestrictions)"};
+    std::vector<std::string> out;
+    out.push_back("BuildClientSettingsCaches");
+    out.push_back("BuildClientMarginRestrictionsCache");
+    out.push_back("BuildSecurityRestrictionsCache");
+    out.push_back("BuildRestrictionsCache");
+    out.push_back("ParseCurrencyReplacement");
+    out.push_back("ParsePortfolioRiskConfigs");
+    out.push_back("ParseOldFormSectionLists");
+    out.push_back("FillBaseAssets");
+    out.push_back("FillBoardTariffs");
+    out.push_back("ParseUserIdSecuritiesAndFloodControl");
+    out.push_back("ParseTagSections");
+    out.push_back("ParseTariffPlans");
+    out.push_back("ParseLateSectionsBeforeClientCVal");
+    out.push_back("ParseLateSectionsAfterClientCVal");
+    out.push_back("ParseChangeFutClientCodes");
+    out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
 #define ZDL_HUB_PARSER_Pending(function) out.push_back(#function);
@@ -245,13 +255,14 @@ bool TStorageHub::IsPendingLoadStep(const std::string& name) {
   return std::find(steps.begin(), steps.end(), name) != steps.end();
 }
 
-void TStorageHub::BuildSettingCaches() {}
-void TStorageHub::ParseCurrencyReplacement() {}
-void TStorageHub::ParsePortfolioRiskConfigs() {}
-void TStorageHub::ParseOldFormSectionLists() {}
-void TStorageHub::FillBaseAssets() {}
-void TStorageHub::FillBoardTariffs() {}
-void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& /*keys*/, TUserIdSettings& /*out*/) {}
+// The caches of step 11, in their order; each is built in the file of its
+// component.
+void TStorageHub::BuildSettingCaches() {
+  BuildClientSettingsCaches();
+  BuildClientMarginRestrictionsCache();
+  BuildSecurityRestrictionsCache();
+  BuildRestrictionsCache();
+}
 
 void TStorageHub::ParseUserIdSettings() {
   m_userIdSettings.clear();
@@ -286,10 +297,6 @@ void TStorageHub::ParseUserIdSettings() {
     ParseUserIdSecuritiesAndFloodControl(keys, user);
   }
 }
-void TStorageHub::ParseTagSections() {}
-void TStorageHub::ParseTariffPlans() {}
-void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
-void TStorageHub::ParseLateSectionsAfterClientCVal() {}
 // A store filled by InitLite is saved from its section's place in the map:
 // the section is entered there when the loaded text had none, so that the
 // next save writes what InitLite brought.

@@ -227,6 +227,10 @@ class TStorageHub {
   // Steps of the load whose parsed home is a later stage of the library;
   // each is kept in its place and does nothing yet.
   void BuildSettingCaches();            // step 11
+  void BuildClientSettingsCaches();     // step 11: client settings and commission scales
+  void BuildClientMarginRestrictionsCache();  // step 11
+  void BuildSecurityRestrictionsCache();      // step 11
+  void BuildRestrictionsCache();              // step 11
   void ParseCurrencyReplacement();      // step 9
   void ParsePortfolioRiskConfigs();     // step 14
   void ParseOldFormSectionLists();      // step 15

@@ -250,7 +250,7 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
 }
 
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildSettingCaches"));
+  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
@@ -259,7 +259,10 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
 // Steps whose parsed home is a later stage of the library. Each becomes a
 // real test of its behaviour when its store exists; until then it fails.
 TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSettingCaches"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientSettingsCaches"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientMarginRestrictionsCache"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
 }
 TEST(HubPendingStepsTest, DISABLED_CurrencyReplacementIsParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseCurrencyReplacement"));

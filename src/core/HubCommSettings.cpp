@@ -1,0 +1,9 @@
+// Client commission settings, commission scales and tariff plans of the hub.
+#include "core/TStorageHub.h"
+
+namespace DL {
+
+void TStorageHub::BuildClientSettingsCaches() {}
+void TStorageHub::ParseTariffPlans() {}
+
+}  // namespace DL

@@ -1,0 +1,9 @@
+// Late global sections of the hub.
+#include "core/TStorageHub.h"
+
+namespace DL {
+
+void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
+void TStorageHub::ParseLateSectionsAfterClientCVal() {}
+
+}  // namespace DL
