@@ -5,5 +5,6 @@ namespace DL {
 
 void TStorageHub::BuildClientSettingsCaches() {}
 void TStorageHub::ParseTariffPlans() {}
+void TStorageHub::AppendTariffPlanRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
 
 }  // namespace DL

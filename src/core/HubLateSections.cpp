@@ -5,5 +5,6 @@ namespace DL {
 
 void TStorageHub::ParseLateSectionsBeforeClientCVal() {}
 void TStorageHub::ParseLateSectionsAfterClientCVal() {}
+void TStorageHub::AppendCommissionSettingsCurrencyRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
 
 }  // namespace DL

@@ -4,5 +4,6 @@
 namespace DL {
 
 void TStorageHub::BuildClientMarginRestrictionsCache() {}
+void TStorageHub::AppendMarginSettingsRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
 
 }  // namespace DL

@@ -4,5 +4,6 @@
 namespace DL {
 
 void TStorageHub::BuildRestrictionsCache() {}
+void TStorageHub::AppendRestrictionTemplateRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
 
 }  // namespace DL

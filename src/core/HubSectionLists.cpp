@@ -7,5 +7,7 @@ void TStorageHub::ParseCurrencyReplacement() {}
 void TStorageHub::ParseOldFormSectionLists() {}
 void TStorageHub::ParseTagSections() {}
 void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& /*keys*/, TUserIdSettings& /*out*/) {}
+void TStorageHub::AppendOldFormListRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
+void TStorageHub::AppendCurrencyReplacementRows(std::string& /*text*/, TWrittenSections& /*written*/) const {}
 
 }  // namespace DL

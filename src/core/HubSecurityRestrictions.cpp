@@ -4,5 +4,9 @@
 namespace DL {
 
 void TStorageHub::BuildSecurityRestrictionsCache() {}
+const TClientSecurityRestrictions* TStorageHub::ParsedSecurityRestrictionsOfSection(
+    const std::string& /*section*/) const {
+  return nullptr;
+}
 
 }  // namespace DL

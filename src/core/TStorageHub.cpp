@@ -713,104 +713,36 @@ void TStorageHub::SettingToStrGlobalChangeFutClientCodes(std::string& out) const
 int TStorageHub::SaveSettingsToMemory(char** out) {
   if (out == nullptr) return ZDL_BAD_ARGUMENT;
   const TIniSectionsMap& sections = m_parser->GetSections();
-  std::set<const std::string*> written;
+  TWrittenSections written;
   std::string text;
-  auto copyRaw = [&](TIniSectionsMap::const_iterator it, bool templ) {
-    if (!written.insert(&it->first).second) return;
-    text += templ ? m_parser->GetRowFromTemplateSection(it) : m_parser->GetRowFromSection(it);
-  };
-  // 1, 2. Clients and client templates: their parsed objects are not built,
-  // so each section is copied.
-  for (const auto& [client, it] : m_parser->GetClientSettings()) copyRaw(it, false);
-  for (const auto& [templ, it] : m_parser->GetClientTemplateSettings()) copyRaw(it, true);
-
+  // 1, 2. Clients and client templates.
+  AppendClientAndTemplateRows(text, written);
+  // 3, 4. Volume-based commission of clients and of templates.
+  AppendVolumeBasedCommissionRows(text, written, 3);
+  AppendVolumeBasedCommissionRows(text, written, 4);
   // 5. The global sections, by kind.
-  struct TKindAndCode {
-    int kind;
-    int code;
-  };
-  std::map<std::string, TKindAndCode, StringMapComparerFunc> kinds;
-  const std::pair<TIniParser::ESectType, const std::map<int, TSettingToStrFunc>*> lists[] = {
-      {TIniParser::SectClientTemplate, &m_tables->clientTemplate},
-      {TIniParser::SectGlobal, &m_tables->global},
-      {TIniParser::SectMarginTemplate, &m_tables->marginTemplate},
-      {TIniParser::SectRestrictionTemplate, &m_tables->restrictionTemplate}};
-  for (const auto& [group, map] : lists) {
-    if (static_cast<std::size_t>(group) >= TIniParser::supParamAndSectCodes_.size()) continue;
-    for (const TIniParser::TSupParamAndSectCodes& row : TIniParser::supParamAndSectCodes_[group]) {
-      if (row.sectCode == iscNone || map->count(row.sectCode) == 0) continue;
-      const std::string name(IniSectName(static_cast<EIniSectCodeNum>(row.sectCode)));
-      // A section that is also a global one is written from the global home.
-      if (group == TIniParser::SectGlobal)
-        kinds[name] = {group, row.sectCode};
-      else
-        kinds.emplace(name, TKindAndCode{group, row.sectCode});
-    }
-  }
-  bool changeFutWritten = false;
-  for (const auto& [name, it] : m_parser->GetGlobalSettings()) {
-    if (it == sections.end()) continue;
-    const std::string nameUp = StrUpper(name);
-    if (nameUp.rfind(kChangeFutClientCodesUp, 0) == 0) {
-      written.insert(&it->first);
-      if (!changeFutWritten) {
-        changeFutWritten = true;
-        std::string block;
-        SettingToStrGlobalChangeFutClientCodes(block);
-        for (const auto& [other, keys] : sections)
-          if (StrUpper(other).rfind(kChangeFutClientCodesUp, 0) == 0) written.insert(&other);
-        text += block;
-      }
-      continue;
-    }
-    // Written by the later steps.
-    if (StringStartsCaseSens(name, "CommissionSettingsCurrency") ||
-        name.find("VolumeBasedCommission_") != std::string::npos || nameUp.rfind("LIMITALLOWEDSECURITY", 0) == 0 ||
-        nameUp.rfind("ASSETSECURITIES", 0) == 0 || nameUp.rfind("RESTSHORTSECURITIES", 0) == 0 ||
-        nameUp.rfind("CURRENCY", 0) == 0)
-      continue;
-    auto kind = kinds.find(name);
-    if (kind == kinds.end()) {
-      copyRaw(it, false);
-      continue;
-    }
-    written.insert(&it->first);
-    TSettingToStrSource src;
-    src.kind = TIniParser::SectGlobal;
-    src.section = it->first;
-    src.keys = &it->second;
-    std::string block;
-    switch (kind->second.kind) {
-      case TIniParser::SectClientTemplate:
-        SettingToStrGlobalSettingsClientTemplate(block, kind->second.code, src);
-        break;
-      case TIniParser::SectGlobal:
-        SettingToStrGlobalSettings(block, kind->second.code, src);
-        break;
-      case TIniParser::SectMarginTemplate:
-        SettingToStrGlobalSettingsMarginTemplate(block, kind->second.code, src);
-        break;
-      default:
-        SettingToStrGlobalSettingsRestrictionTemplate(block, kind->second.code, src);
-        break;
-    }
-    if (!block.empty()) {
-      text += block;
-      text += '\n';
-    }
-  }
-  // 3, 4, 6 to 17. Volume-based commission, commission settings currency,
-  // the old-form lists, tariff plans, currency replacement, margin settings
-  // and restriction templates: their parsed homes are not built, so every
-  // section not written yet is copied as it stands.
+  AppendGlobalSectionRows(text, written);
+  // 6. Volume-based commission, global.
+  AppendVolumeBasedCommissionRows(text, written, 6);
+  // 7. "CommissionSettingsCurrency".
+  AppendCommissionSettingsCurrencyRows(text, written);
+  // 8, 9, 10. "LimitAllowedSecurity", "AssetSecurities", "RestShortSecurities".
+  AppendOldFormListRows(text, written);
+  // 11. Tariff plans.
+  AppendTariffPlanRows(text, written);
+  // 12. Currency replacement.
+  AppendCurrencyReplacementRows(text, written);
+  // 13 to 16. Margin settings: general, clients, prefixes, templates.
+  AppendMarginSettingsRows(text, written);
+  // 17. Restriction templates.
+  AppendRestrictionTemplateRows(text, written);
+  // Every section no step wrote (no parsed home, or not parsed) is copied as
+  // it stands, so that nothing is lost.
   for (auto it = sections.begin(); it != sections.end(); ++it) {
-    if (IsSameSettingsName(it->first, kClientCvalSectionName) && written.count(&it->first) == 0) {
-      written.insert(&it->first);
-      text += SectionToRowText(it->first, m_parser->GetCValSection());
-      text += m_parser->GetRowFromSection(it);
-      continue;
-    }
-    copyRaw(it, false);
+    if (written.count(&it->first) != 0) continue;
+    written.insert(&it->first);
+    if (IsSameSettingsName(it->first, kClientCvalSectionName)) text += SectionToRowText(it->first, m_parser->GetCValSection());
+    text += m_parser->GetRowFromSection(it);
   }
 
   SettingsNormalizer normalizer;

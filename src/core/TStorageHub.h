@@ -23,15 +23,29 @@ class TLogWriter;
 namespace DL {
 
 class TStorageHub;
+struct TRestrictions;
+struct TClientSecurityRestrictions;
+struct TClientMarginRestrictions;
 
 // What a rendering function writes from: the kind of the section being
-// written (TIniParser::ESectType), its name, and its raw parameters (null
-// when the text has no such section).
+// written (TIniParser::ESectType), its name, its raw parameters (null when
+// the text has no such section), and the parsed object of the section when
+// it is written from a cache (a client, template or limit-kind section).
+// With no parsed object a rendering function writes from the global home of
+// its setting.
 struct TSettingToStrSource {
   int kind = TIniParser::SectGlobal;
   std::string section;
   const TIniKeyMap* keys = nullptr;
+  const TRestrictions* restrictions = nullptr;                   // restriction template
+  const TClientSecurityRestrictions* securityRestrictions = nullptr;  // client, client template
+  const TClientMarginRestrictions* marginRestrictions = nullptr;      // margin section
+  int limitKind = 0;                                                  // margin section
 };
+
+// The sections a save has written, by the address of their name in the
+// section map; whatever is left is copied raw at the end.
+using TWrittenSections = std::set<const std::string*>;
 
 using TSettingToStrFunc = void (TStorageHub::*)(std::string& out, const TSettingToStrSource& src) const;
 using TGlobalParseFunc = void (TStorageHub::*)(const TIniKeyMap& keys);
@@ -223,6 +237,14 @@ class TStorageHub {
   // Every "ChangeFutClientCodes..." section, written once.
   void SettingToStrGlobalChangeFutClientCodes(std::string& out) const;
 
+  // One section written from its parsed object (`parsed`, whose kind says
+  // which rendering map applies: SectClientTemplate for clients and client
+  // templates, SectRestrictionTemplate, SectMarginTemplate): known
+  // parameters by their rendering functions, the others raw. A section
+  // without a parsed object is copied raw.
+  std::string GetRowFromSettings(TIniSectionsMap::const_iterator it, bool isTemplate,
+                                 const TSettingToStrSource& parsed) const;
+
  private:
   // Steps of the load whose parsed home is a later stage of the library;
   // each is kept in its place and does nothing yet.
@@ -244,6 +266,23 @@ class TStorageHub {
   void ParseTariffPlans();              // step 19
   void ParseLateSectionsBeforeClientCVal();  // step 20, up to ParseClientCVal
   void ParseLateSectionsAfterClientCVal();   // step 20, after ParseClientCVal
+
+  // Steps of the save, in their order; each appends the sections it writes
+  // to `text` and enters them in `written`. Each is defined in the file of
+  // its component.
+  void AppendClientAndTemplateRows(std::string& text, TWrittenSections& written) const;      // 1, 2
+  void AppendGlobalSectionRows(std::string& text, TWrittenSections& written) const;          // 5
+  void AppendVolumeBasedCommissionRows(std::string& text, TWrittenSections& written,
+                                       int step) const;                                      // 3, 4, 6
+  void AppendCommissionSettingsCurrencyRows(std::string& text, TWrittenSections& written) const;  // 7
+  void AppendOldFormListRows(std::string& text, TWrittenSections& written) const;            // 8, 9, 10
+  void AppendTariffPlanRows(std::string& text, TWrittenSections& written) const;             // 11
+  void AppendCurrencyReplacementRows(std::string& text, TWrittenSections& written) const;    // 12
+  void AppendMarginSettingsRows(std::string& text, TWrittenSections& written) const;         // 13 to 16
+  void AppendRestrictionTemplateRows(std::string& text, TWrittenSections& written) const;    // 17
+  // The parsed security restrictions of a client or client template
+  // section, null when the section has not been parsed.
+  const TClientSecurityRestrictions* ParsedSecurityRestrictionsOfSection(const std::string& section) const;
   void ParseComplexFIApprovedClients_Lite(const TIniParser& source);
   void ParseComplexInstruments_Lite(const TIniParser& source);
   void ReloadRestrictionTemplates(const TIniParser& source);
