@@ -144,21 +144,22 @@ std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::Par
 #undef ZDL_MARGIN_READ_Double
 #undef ZDL_MARGIN_READ_Bool
 #undef ZDL_MARGIN_READ_Int
-  (void)No;
-  (void)Yes;
-  b.negativeMoneyToShort.value = ConvertIniNegativeMoneyToShortToEnum(p.GetIniParamInt(g, std::string("NegativeMoneyToShort"), 0));
+  b.negativeMoneyToShort.value =
+      ConvertIniNegativeMoneyToShortToEnum(p.GetIniParamInt(g, std::string("NegativeMoneyToShort"), 0));
   b.useCorrelation.value = readInt("UseCorrelation", 1, true);
   b.useOrdersCorrelation.value = readInt("UseOrdersCorrelation", 0, true);
-  b.futuresDiscountFromCollateralAmount = p.GetIniParamBool(g, std::string("FuturesDiscountFromCollateralAmount"), false);
+  b.futuresDiscountFromCollateralAmount =
+      p.GetIniParamBool(g, std::string("FuturesDiscountFromCollateralAmount"), false);
   b.mdPlusDiffCurrAssetsInSets = p.GetIniParamBool(g, std::string("MDPlusDiffCurrAssetsInSets"), false);
   b.positionKeepingInCalendarDaysForAllMarkets =
       p.GetIniParamBool(g, std::string("PositionKeepingInCalendarDaysForAllMarkets"), false);
   b.includeClientsWithLeverage = p.GetIniParamDouble(g, std::string("IncludeClientsWithLeverage"), -1.0);
-  b.classesWithIgnoreRstrTransfer = SplitList(p.GetIniParamString(g, std::string("ClassesWithIgnoreRstrTransfer"), TIniParser::EmptyString()));
-  b.classesWithIgnoreRstrNMBuy = SplitList(p.GetIniParamString(g, std::string("ClassesWithIgnoreRstrNMBuy"), TIniParser::EmptyString()));
-  b.addCommonTrdAccList = SplitList(p.GetIniParamString(g, std::string("AddCommonTrdAcc"), TIniParser::EmptyString()));
-  b.boardTagList = SplitList(p.GetIniParamString(g, std::string("BoardTag"), TIniParser::EmptyString()));
-  b.limitKinds = ToLimitKinds(p.GetIniParamString(g, std::string("LimitKinds"), TIniParser::EmptyString()));
+  auto text = [&](const char* key) { return p.GetIniParamString(g, std::string(key), TIniParser::EmptyString()); };
+  b.classesWithIgnoreRstrTransfer = SplitList(text("ClassesWithIgnoreRstrTransfer"));
+  b.classesWithIgnoreRstrNMBuy = SplitList(text("ClassesWithIgnoreRstrNMBuy"));
+  b.addCommonTrdAccList = SplitList(text("AddCommonTrdAcc"));
+  b.boardTagList = SplitList(text("BoardTag"));
+  b.limitKinds = ToLimitKinds(text("LimitKinds"));
   ParseInstrumentsWithoutCurrencyRisk(g, b.instrumentsWithoutCurrencyRisk);
 
   // The global maps: every key of the section.
@@ -207,7 +208,9 @@ void TCacheOfClientMarginRestrictions::ParseSettingsFromSection(const TIniKeyMap
                          base.useOrdersCorrelation.value, global.useOrdersCorrelation.value, first,
                          out.useOrdersCorrelation);
 
-  auto list = [&](const char* key) { return SplitList(p.GetIniParamString(section, std::string(key), TIniParser::EmptyString())); };
+  auto list = [&](const char* key) {
+    return SplitList(p.GetIniParamString(section, std::string(key), TIniParser::EmptyString()));
+  };
   out.classesWithIgnoreRstrTransfer = list("ClassesWithIgnoreRstrTransfer");
   out.mainMarginClasses = list("MainMarginClasses");
   out.addLimitKind = list("AddLimitKind");
