@@ -26,6 +26,7 @@ class TStorageHub;
 struct TRestrictions;
 struct TClientSecurityRestrictions;
 struct TClientMarginRestrictions;
+class TCacheOfClientMarginRestrictions;
 
 // What a rendering function writes from: the kind of the section being
 // written (TIniParser::ESectType), its name, its raw parameters (null when
@@ -343,6 +344,30 @@ class TStorageHub {
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
   std::map<int, TUserIdSettings> m_userIdSettings;
+
+  // ---- Client margin restrictions cache ----
+ public:
+  // Built in step 11 of the load; null only before that step.
+  const TCacheOfClientMarginRestrictions* GetClientMarginRestrictionsCache() const {
+    return m_clientMarginRestrictions.get();
+  }
+  TCacheOfClientMarginRestrictions* GetClientMarginRestrictionsCache() { return m_clientMarginRestrictions.get(); }
+  // The margin sections of one client, prefix, template or the general
+  // level (limit kind -> section): the section of limit kind 0, then one
+  // per further limit kind ("_LimitKind_" n), each by GetRowFromSettings
+  // with the body of its limit kind of `parsed`; a section without a body
+  // is copied raw. `isTemplate` writes the Clients line first in the
+  // section of limit kind 0. Each section written is entered in `written`;
+  // one already there is skipped.
+  std::string GetRowFromAllLkSettings(const TIniParser::TLimitKindMap& sections,
+                                      const TClientMarginRestrictions* parsed, bool isTemplate,
+                                      TWrittenSections& written) const;
+
+ private:
+  struct TClientMarginRestrictionsCacheDeleter {
+    void operator()(TCacheOfClientMarginRestrictions* cache) const;
+  };
+  std::unique_ptr<TCacheOfClientMarginRestrictions, TClientMarginRestrictionsCacheDeleter> m_clientMarginRestrictions;
 };
 
 }  // namespace DL

@@ -260,7 +260,6 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
 // real test of its behaviour when its store exists; until then it fails.
 TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientSettingsCaches"));
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientMarginRestrictionsCache"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
 }
