@@ -69,7 +69,8 @@ struct TRestrictOptionOrders {
 // One "ChangeFutClientCodes_<firm>" section: the client code on the
 // derivatives market by the client code, for the firm behind the "_".
 struct TChangeFutClientCodes {
-  std::string section;                        // the section's name as written
+  std::string section;  // the section's name as written
+  std::string firm;     // the rest of the name behind "ChangeFutClientCodes" and its "_"
   std::map<std::string, std::string> trdAccByClient;  // client code -> trade account
   TRawLines raw;
 

@@ -3,7 +3,6 @@
 // the minimum order quantity in a set time, the futures client code
 // correspondences, the pre-trade sections and "IgnoreChecks".
 #include <array>
-#include <cstring>
 
 #include "core/DLFunctionHelpers.h"
 #include "core/DLUtils.h"
@@ -269,9 +268,12 @@ void TStorageHub::ParseChangeFutClientCodes(const TIniKeyMap& keys) {
   // The firm stands behind the "_" that follows the family's name.
   std::string firm = name->substr(kChangeFutClientCodesUp.size());
   if (!firm.empty() && firm[0] == '_') firm.erase(0, 1);
-  TChangeFutClientCodes& store = m_changeFutClientCodes[firm];
+  // Stored by the section's name: two sections of one firm ("..._F1" and
+  // "...F1") are both kept, so that the save loses neither.
+  TChangeFutClientCodes& store = m_changeFutClientCodes[*name];
   store = {};
   store.section = *name;
+  store.firm = firm;
   for (const auto& [key, value] : keys) {
     const std::string client = TrimStr(key);
     const std::string trdAcc = TrimStr(value);
@@ -282,8 +284,14 @@ void TStorageHub::ParseChangeFutClientCodes(const TIniKeyMap& keys) {
   }
 }
 
+const TChangeFutClientCodes* TStorageHub::FindChangeFutClientCodes(const std::string& firm) const {
+  for (const auto& [section, store] : m_changeFutClientCodes)
+    if (IsSameSettingsName(store.firm, firm)) return &store;
+  return nullptr;
+}
+
 void TStorageHub::SettingToStrGlobalChangeFutClientCodes(std::string& out) const {
-  for (const auto& [firm, store] : m_changeFutClientCodes) {
+  for (const auto& [section, store] : m_changeFutClientCodes) {
     std::string body;
     for (const auto& [client, trdAcc] : store.trdAccByClient) AppendLine(body, client, trdAcc);
     AppendRawLines(body, store.raw);

@@ -1,7 +1,6 @@
 // Late global sections of the hub (step 20 of the load), and the save step of
 // "CommissionSettingsCurrency". Each reader fills its store from the section
 // map; a line it cannot read is kept raw in the store.
-#include <cstdlib>
 
 #include "core/DLFunctionHelpers.h"
 #include "core/DLUtils.h"

@@ -347,10 +347,13 @@ class TStorageHub {
   // an empty set for any other code.
   const TRawLines& GetSubBrokerRawLines(EIniSectCodeNum section) const;
   const TKeyedSection<TRestrictOptionOrders>& GetRestrictOptionOrders() const { return m_restrictOptionOrders; }
-  // "ChangeFutClientCodes_<firm>" sections by firm (the empty firm for the
-  // section without a "_<firm>" tail).
-  using TChangeFutClientCodesByFirm = std::map<std::string, TChangeFutClientCodes, StringMapComparerFunc>;
-  const TChangeFutClientCodesByFirm& GetChangeFutClientCodes() const { return m_changeFutClientCodes; }
+  // "ChangeFutClientCodes..." sections by section name.
+  using TChangeFutClientCodesBySection = std::map<std::string, TChangeFutClientCodes, StringMapComparerFunc>;
+  const TChangeFutClientCodesBySection& GetChangeFutClientCodes() const { return m_changeFutClientCodes; }
+  // The first section (in name order) of the firm, compared without regard
+  // to case; the empty firm is that of a section without a "_<firm>" tail.
+  // Null when there is none.
+  const TChangeFutClientCodes* FindChangeFutClientCodes(const std::string& firm) const;
   const std::vector<TMinOrderQuantityInSetTime>& GetMinOrderQuantityInSetTime() const { return m_minOrderQtyInSetTime; }
   const TRawLines& GetMinOrderQuantityInSetTimeRawLines() const { return m_minOrderQtyInSetTimeRaw; }
   // The global lists "BrokerQuoteBoard", "NegDealClasses", "TransferBoard":
@@ -420,7 +423,7 @@ class TStorageHub {
   TRawLines m_subBrokerYesGlobalsRaw;
   TRawLines m_subBrokerNoGlobalsRaw;
   TKeyedSection<TRestrictOptionOrders> m_restrictOptionOrders;
-  TChangeFutClientCodesByFirm m_changeFutClientCodes;
+  TChangeFutClientCodesBySection m_changeFutClientCodes;
   std::vector<TMinOrderQuantityInSetTime> m_minOrderQtyInSetTime;
   TRawLines m_minOrderQtyInSetTimeRaw;
   TClassList m_brokerQuoteBoard;

@@ -251,23 +251,42 @@ const char* const kChangeFut =
     "[ChangeFutClientCodes_F1]\nC1=T1\nC2=T2\n"
     "[ChangeFutClientCodes_F2]\nC3=T3\nLONGCLIENTCODE1=T4\n";
 
-TEST(HubChangeFutClientCodesTest, EachSectionIsStoredUnderTheFirmBehindTheUnderscore) {
+TEST(HubChangeFutClientCodesTest, EachSectionIsStoredWithTheFirmBehindTheUnderscore) {
   TStorageHub hub(kChangeFut, 2);
-  const auto& byFirm = hub.GetChangeFutClientCodes();
-  ASSERT_EQ(byFirm.size(), 2u);
-  EXPECT_EQ(byFirm.at("F1").section, "ChangeFutClientCodes_F1");
-  EXPECT_EQ(byFirm.at("F1").trdAccByClient, (std::map<std::string, std::string>{{"C1", "T1"}, {"C2", "T2"}}));
-  EXPECT_EQ(byFirm.at("F2").trdAccByClient, (std::map<std::string, std::string>{{"C3", "T3"}}));
-  EXPECT_EQ(byFirm.at("F2").raw.at("LONGCLIENTCODE1"), "T4");
+  ASSERT_EQ(hub.GetChangeFutClientCodes().size(), 2u);
+  const DL::TChangeFutClientCodes* f1 = hub.FindChangeFutClientCodes("F1");
+  const DL::TChangeFutClientCodes* f2 = hub.FindChangeFutClientCodes("f2");  // firms compare without regard to case
+  ASSERT_NE(f1, nullptr);
+  ASSERT_NE(f2, nullptr);
+  EXPECT_EQ(f1->section, "ChangeFutClientCodes_F1");
+  EXPECT_EQ(f1->firm, "F1");
+  EXPECT_EQ(f1->trdAccByClient, (std::map<std::string, std::string>{{"C1", "T1"}, {"C2", "T2"}}));
+  EXPECT_EQ(f2->trdAccByClient, (std::map<std::string, std::string>{{"C3", "T3"}}));
+  EXPECT_EQ(f2->raw.at("LONGCLIENTCODE1"), "T4");
+  EXPECT_EQ(hub.FindChangeFutClientCodes("F9"), nullptr);
 }
 
-TEST(HubChangeFutClientCodesTest, TheSectionWithoutAFirmIsStoredUnderTheEmptyFirm) {
+TEST(HubChangeFutClientCodesTest, TheSectionWithoutAFirmHasTheEmptyFirm) {
   TStorageHub hub("[ChangeFutClientCodes]\nC1=T1\n[changefutclientcodes_f3]\nC2=\n", 2);
-  const auto& byFirm = hub.GetChangeFutClientCodes();
-  ASSERT_EQ(byFirm.size(), 2u);
-  EXPECT_EQ(byFirm.at("").trdAccByClient.at("C1"), "T1");
-  EXPECT_TRUE(byFirm.at("F3").trdAccByClient.empty());  // firms compare without regard to case
-  EXPECT_EQ(byFirm.at("f3").raw.at("C2"), "");
+  ASSERT_EQ(hub.GetChangeFutClientCodes().size(), 2u);
+  ASSERT_NE(hub.FindChangeFutClientCodes(""), nullptr);
+  EXPECT_EQ(hub.FindChangeFutClientCodes("")->trdAccByClient.at("C1"), "T1");
+  const DL::TChangeFutClientCodes* f3 = hub.FindChangeFutClientCodes("F3");
+  ASSERT_NE(f3, nullptr);
+  EXPECT_EQ(f3->firm, "f3");
+  EXPECT_TRUE(f3->trdAccByClient.empty());
+  EXPECT_EQ(f3->raw.at("C2"), "");
+}
+
+TEST(HubChangeFutClientCodesTest, TwoSectionsOfOneFirmAreBothKept) {
+  TStorageHub hub("[ChangeFutClientCodes_F1]\nC1=T1\n[ChangeFutClientCodesF1]\nC2=T2\n", 2);
+  ASSERT_EQ(hub.GetChangeFutClientCodes().size(), 2u);
+  EXPECT_EQ(hub.GetChangeFutClientCodes().at("ChangeFutClientCodesF1").firm, "F1");
+  std::string out;
+  hub.SettingToStrGlobalChangeFutClientCodes(out);
+  // Sections in name order ("F" sorts before "_").
+  EXPECT_EQ(out, "[ChangeFutClientCodesF1]\nC2=T2\n[ChangeFutClientCodes_F1]\nC1=T1\n");
+  EXPECT_EQ(hub.FindChangeFutClientCodes("F1")->section, "ChangeFutClientCodesF1");
 }
 
 TEST(HubChangeFutClientCodesTest, NoSectionsGiveAnEmptyStore) {

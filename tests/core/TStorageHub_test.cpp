@@ -316,7 +316,8 @@ TEST(HubPendingStepsTest, DISABLED_RestrictionsCacheIsRebuiltByInitLite) {
 TEST(HubPendingStepsTest, ChangeFutClientCodesAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseChangeFutClientCodes"));
   TStorageHub hub("[ChangeFutClientCodes_F1]\nC1=T1\n", 2);
-  EXPECT_EQ(hub.GetChangeFutClientCodes().at("F1").trdAccByClient.at("C1"), "T1");
+  ASSERT_NE(hub.FindChangeFutClientCodes("F1"), nullptr);
+  EXPECT_EQ(hub.FindChangeFutClientCodes("F1")->trdAccByClient.at("C1"), "T1");
 }
 TEST(HubPendingStepsTest, SubBrokersAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
