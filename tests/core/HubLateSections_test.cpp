@@ -73,6 +73,18 @@ TEST(HubLateSectionsTest, CurrBoardsCommissionReadsARatePerBoard) {
   EXPECT_EQ(s.raw, (DL::TRawLines{{"BAD", "1.5x"}, {"EMPTY", ""}}));
 }
 
+TEST(HubLateSectionsTest, NumbersMustBeWholeAndFinite) {
+  TStorageHub hub(
+      "[CurrBoardsCommission]\nA=inf\nB=nan\nC=1e3\n"
+      "[RestOrdVolumeByAvgTurnover]\nBasePeriod=99999999999\n",
+      2);
+  EXPECT_EQ(hub.GetCurrBoardsCommission().values.size(), 1u);
+  EXPECT_DOUBLE_EQ(hub.GetCurrBoardsCommission().values.at("C"), 1000.0);
+  EXPECT_EQ(hub.GetCurrBoardsCommission().raw.size(), 2u);
+  EXPECT_EQ(hub.GetGlobalRestOrdVolumeByAvgTurnover().basePeriod, 0);
+  EXPECT_EQ(hub.GetGlobalRestOrdVolumeByAvgTurnover().raw.at("BasePeriod"), "99999999999");
+}
+
 // ---- InstrumentsWithoutCurrencyRisk ----
 
 TEST(HubLateSectionsTest, InstrumentsWithoutCurrencyRiskReadsSecuritiesByClass) {
