@@ -231,9 +231,7 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("ParseUserIdSecuritiesAndFloodControl");
     out.push_back("ParseTagSections");
     out.push_back("ParseTariffPlans");
-    out.push_back("ParseLateSectionsBeforeClientCVal");
-    out.push_back("ParseLateSectionsAfterClientCVal");
-    out.push_back("ParseChangeFutClientCodes");
+    out.push_back("ParseVolumeBasedCommission");
     out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
@@ -363,7 +361,6 @@ int TStorageHub::InitLite(const char* text) {
   }
   return ZDL_OK;
 }
-void TStorageHub::ParseChangeFutClientCodes(const TIniKeyMap& /*keys*/) {}
 
 // Parse functions without a body of their own: Later ones are read by a
 // later step or a cache, Pending ones have no parsed home yet.
@@ -461,12 +458,6 @@ void TStorageHub::ParseInstrumentGroups(const TIniKeyMap& keys, TInstrumentGroup
 void TStorageHub::ParseComplexInstruments(const TIniKeyMap& keys) { ParseInstrumentGroups(keys, m_complexInstruments); }
 void TStorageHub::ParseGroupsOfInstrumentsAndClasses(const TIniKeyMap& keys) {
   ParseInstrumentGroups(keys, m_groupsOfInstrumentsAndClasses);
-}
-
-void TStorageHub::ParseSectionPreTrade(const TIniKeyMap& keys, int number) {
-  TPreTradeSettings& settings = m_preTrade[number];
-  settings.number = number;
-  settings.floodControl = m_parser->GetIniParamString(keys, TIniParser::ipcFloodControl, TIniParser::EmptyString());
 }
 
 // ---- Direct parameters ----
@@ -695,16 +686,6 @@ void TStorageHub::SettingToStrClientCval(std::string& out, const TSettingToStrSo
   // a reload sends each key back to where it came from.
   out += SectionToRowText(src.section, m_parser->GetCValSection());
   SettingToStrRawSection(out, src);
-}
-
-void TStorageHub::SettingToStrGlobalChangeFutClientCodes(std::string& out) const {
-  for (const auto& [name, keys] : m_parser->GetSections())
-    if (StrUpper(name).rfind(kChangeFutClientCodesUp, 0) == 0) {
-      TSettingToStrSource src;
-      src.section = name;
-      src.keys = &keys;
-      SettingToStrRawSection(out, src);
-    }
 }
 
 // ---- Save ----

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "api/TMemory.h"
+#include "core/HubGlobalSectionTypes.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -80,14 +81,6 @@ struct TProhibitOrders {
 struct TInstrumentGroup {
   std::set<std::string> classCodes;
   std::set<std::string> instrumentCodes;
-};
-
-// A "PreTrade_<n>" section as read at load: its number and its parameters.
-// The flood control of "FloodControl" is kept as written until the pre-trade
-// flood control settings are parsed into a store of their own.
-struct TPreTradeSettings {
-  int number = 0;
-  std::string floodControl;  // the value of "FloodControl", as written
 };
 
 // A user's own settings, from the section "u" + user number.
@@ -368,6 +361,115 @@ class TStorageHub {
     void operator()(TCacheOfClientMarginRestrictions* cache) const;
   };
   std::unique_ptr<TCacheOfClientMarginRestrictions, TClientMarginRestrictionsCacheDeleter> m_clientMarginRestrictions;
+  // ---- Global sections and late sections ----
+ public:
+  using TSubBrokers = std::map<std::string, TSubBrokerSettings, StringMapComparerFunc>;
+  // Sub-brokers by code, gathered from the four sub-broker sections.
+  const TSubBrokers& GetSubBrokers() const { return m_subBrokers; }
+  // The unread lines of one sub-broker section (iscSubBrokers,
+  // iscSubBrokerGlobals, iscSubBrokerYesGlobals, iscSubBrokerNoGlobals);
+  // an empty set for any other code.
+  const TRawLines& GetSubBrokerRawLines(EIniSectCodeNum section) const;
+  const TKeyedSection<TRestrictOptionOrders>& GetRestrictOptionOrders() const { return m_restrictOptionOrders; }
+  // "ChangeFutClientCodes..." sections by section name.
+  using TChangeFutClientCodesBySection = std::map<std::string, TChangeFutClientCodes, StringMapComparerFunc>;
+  const TChangeFutClientCodesBySection& GetChangeFutClientCodes() const { return m_changeFutClientCodes; }
+  // The first section (in name order) of the firm, compared without regard
+  // to case; the empty firm is that of a section without a "_<firm>" tail.
+  // Null when there is none.
+  const TChangeFutClientCodes* FindChangeFutClientCodes(const std::string& firm) const;
+  const std::vector<TMinOrderQuantityInSetTime>& GetMinOrderQuantityInSetTime() const { return m_minOrderQtyInSetTime; }
+  const TRawLines& GetMinOrderQuantityInSetTimeRawLines() const { return m_minOrderQtyInSetTimeRaw; }
+  // The global lists "BrokerQuoteBoard", "NegDealClasses", "TransferBoard":
+  // the parameter named as the section, and the section's other lines.
+  const TClassList& GetBrokerQuoteBoardGlob() const { return m_brokerQuoteBoard; }
+  const TClassList& GetNegDealClassesGlob() const { return m_negDealClasses; }
+  const TClassList& GetTransferBoardGlob() const { return m_transferBoard; }
+  const TRawLines& GetBrokerQuoteBoardGlobRawLines() const { return m_brokerQuoteBoardRaw; }
+  const TRawLines& GetNegDealClassesGlobRawLines() const { return m_negDealClassesRaw; }
+  const TRawLines& GetTransferBoardGlobRawLines() const { return m_transferBoardRaw; }
+  // Step 20, read late in the load.
+  const TKeyedSection<double>& GetCurrBoardsCommission() const { return m_currBoardsCommission; }
+  // Class (or "<ALL>") -> securities without currency risk.
+  const TKeyedSection<std::set<std::string>>& GetInstrumentsWithoutCurrencyRisk() const {
+    return m_instrumentsWithoutCurrencyRisk;
+  }
+  const TKeyedSection<std::vector<std::string>>& GetCheckPriceBoard() const { return m_checkPriceBoard; }
+  const TKeyedSection<double>& GetClientMarketOrderPercentByClasses() const {
+    return m_clientMarketOrderPercentByClasses;
+  }
+  const std::vector<TFloodControlByInstrument>& GetGlobalFloodControlByInstrument() const {
+    return m_floodControlByInstrument;
+  }
+  const TRawLines& GetGlobalFloodControlByInstrumentRawLines() const { return m_floodControlByInstrumentRaw; }
+  const TRestOrdVolumeByAvgTurnover& GetGlobalRestOrdVolumeByAvgTurnover() const { return m_restOrdVolume; }
+  const TRestOrdVolumeByAvgTurnover& GetGlobalSoftRestOrdVolumeByAvgTurnover() const { return m_softRestOrdVolume; }
+  // "ChangeClientCodes": client code -> the code it is changed to.
+  const TKeyedSection<std::string>& GetChangeClientCodes() const { return m_changeClientCodes; }
+  // Every section whose name begins with "CommissionSettingsCurrency", by
+  // name: currency -> classes.
+  using TCommissionSettingsCurrency =
+      std::map<std::string, TKeyedSection<std::vector<std::string>>, StringMapComparerFunc>;
+  const TCommissionSettingsCurrency& GetCommissionSettingsCurrency() const { return m_commissionSettingsCurrency; }
+  // Class (or "<ALL>") -> price type (TIniParser::GetPriceType).
+  const TKeyedSection<int>& GetFutRiskLimitingPrice() const { return m_futRiskLimitingPrice; }
+  // Class -> currency.
+  const TKeyedSection<std::string>& GetPositionPriceCurrency() const { return m_positionPriceCurrency; }
+  const TClassList& GetMOEXCommissionExportClasses() const { return m_moexCommissionExportClasses; }
+  const TRawLines& GetMOEXCommissionExportClassesRawLines() const { return m_moexCommissionExportClassesRaw; }
+
+  // Every "CommissionSettingsCurrency..." section, from its store.
+  void SettingToStrGlobalCommissionSettingsCurrency(std::string& out) const;
+
+ private:
+  void ParseCurrBoardsCommissionSection();
+  void ParseInstrumentWithoutCurrencyRiskSection();
+  void ParseCheckPriceBoard();
+  void ParseClientMarketOrderPercentByClasses();
+  void ParseGlobalFloodControlByInstrument();
+  void ParseRestOrdVolumeByAvgTurnover();
+  // "ChangeClientCodes" in step 20 (its entry of the global parse map is
+  // empty on purpose).
+  void ParseChangeClientCodesSection();
+  void ParseCommissionSettingsCurrency();
+  void ParseFutRiskLimitingPrice();
+  void ParsePositionPriceCurrencySection();
+  void ParseMOEXCommissionExportClassesSection();
+  // The section of the map whose key map is `keys`, or null.
+  const std::string* SectionNameOf(const TIniKeyMap& keys) const;
+  void ParseSubBrokerList(const TIniKeyMap& keys, TClassList TSubBrokerSettings::*list, TRawLines& raw);
+  void SettingToStrSubBrokerList(std::string& out, const std::string& section, TClassList TSubBrokerSettings::*list,
+                                 const TRawLines& raw) const;
+
+  TSubBrokers m_subBrokers;
+  TRawLines m_subBrokersRaw;
+  TRawLines m_subBrokerGlobalsRaw;
+  TRawLines m_subBrokerYesGlobalsRaw;
+  TRawLines m_subBrokerNoGlobalsRaw;
+  TKeyedSection<TRestrictOptionOrders> m_restrictOptionOrders;
+  TChangeFutClientCodesBySection m_changeFutClientCodes;
+  std::vector<TMinOrderQuantityInSetTime> m_minOrderQtyInSetTime;
+  TRawLines m_minOrderQtyInSetTimeRaw;
+  TClassList m_brokerQuoteBoard;
+  TClassList m_negDealClasses;
+  TClassList m_transferBoard;
+  TRawLines m_brokerQuoteBoardRaw;
+  TRawLines m_negDealClassesRaw;
+  TRawLines m_transferBoardRaw;
+  TKeyedSection<double> m_currBoardsCommission;
+  TKeyedSection<std::set<std::string>> m_instrumentsWithoutCurrencyRisk;
+  TKeyedSection<std::vector<std::string>> m_checkPriceBoard;
+  TKeyedSection<double> m_clientMarketOrderPercentByClasses;
+  std::vector<TFloodControlByInstrument> m_floodControlByInstrument;
+  TRawLines m_floodControlByInstrumentRaw;
+  TRestOrdVolumeByAvgTurnover m_restOrdVolume;
+  TRestOrdVolumeByAvgTurnover m_softRestOrdVolume;
+  TKeyedSection<std::string> m_changeClientCodes;
+  TCommissionSettingsCurrency m_commissionSettingsCurrency;
+  TKeyedSection<int> m_futRiskLimitingPrice;
+  TKeyedSection<std::string> m_positionPriceCurrency;
+  TClassList m_moexCommissionExportClasses;
+  TRawLines m_moexCommissionExportClassesRaw;
 };
 
 }  // namespace DL

@@ -148,9 +148,11 @@ TEST(HubLoadTest, PreTradeSectionReachesItsParserWithItsNumber) {
   const auto& preTrade = hub.GetPreTradeSettings();
   ASSERT_EQ(preTrade.size(), 2u);
   EXPECT_EQ(preTrade.at(12).number, 12);
-  EXPECT_EQ(preTrade.at(12).floodControl, "5,7");
+  EXPECT_EQ(preTrade.at(12).floodControl.count, 5);
+  EXPECT_EQ(preTrade.at(12).floodControl.interval, 7);
   EXPECT_EQ(preTrade.at(0).number, 0);
-  EXPECT_EQ(preTrade.at(0).floodControl, "1");
+  EXPECT_EQ(preTrade.at(0).floodControl.count, 1);
+  EXPECT_EQ(preTrade.at(0).floodControl.interval, 1);
 }
 
 TEST(HubLoadTest, PreTradeSectionNameIgnoresCase) {
@@ -251,7 +253,7 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
 
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
+  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
 }
@@ -285,9 +287,13 @@ TEST(HubPendingStepsTest, DISABLED_TagSectionsAreParsed) {
 TEST(HubPendingStepsTest, DISABLED_TariffPlansAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTariffPlans"));
 }
-TEST(HubPendingStepsTest, DISABLED_LateSectionsAreParsed) {
+TEST(HubPendingStepsTest, LateSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsBeforeClientCVal"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsAfterClientCVal"));
+  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
+  TStorageHub hub("[ChangeClientCodes]\nC1=C2\n[MOEXCommissionExportClasses]\nClasses=TQBR\n", 2);
+  EXPECT_EQ(hub.GetChangeClientCodes().values.at("C1"), "C2");
+  EXPECT_EQ(hub.GetMOEXCommissionExportClasses().Items(), std::vector<std::string>{"TQBR"});
 }
 TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseComplexFIApprovedClients_Lite"));
@@ -306,14 +312,20 @@ TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
 TEST(HubPendingStepsTest, DISABLED_RestrictionsCacheIsRebuiltByInitLite) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ReloadRestrictionTemplates (TCacheOfRestrictions)"));
 }
-TEST(HubPendingStepsTest, DISABLED_ChangeFutClientCodesAreParsed) {
+TEST(HubPendingStepsTest, ChangeFutClientCodesAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseChangeFutClientCodes"));
+  TStorageHub hub("[ChangeFutClientCodes_F1]\nC1=T1\n", 2);
+  ASSERT_NE(hub.FindChangeFutClientCodes("F1"), nullptr);
+  EXPECT_EQ(hub.FindChangeFutClientCodes("F1")->trdAccByClient.at("C1"), "T1");
 }
-TEST(HubPendingStepsTest, DISABLED_SubBrokersAreParsed) {
+TEST(HubPendingStepsTest, SubBrokersAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokerGlobals"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokerNoGlobals"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokerYesGlobals"));
+  TStorageHub hub("[SubBrokers]\nSB1=C1\n[SubBrokerNoGlobals]\nSB1=CalcNegDeal\n", 2);
+  EXPECT_EQ(hub.GetSubBrokers().at("SB1").clients.Items(), std::vector<std::string>{"C1"});
+  EXPECT_EQ(hub.GetSubBrokers().at("SB1").noGlobals.Items(), std::vector<std::string>{"CalcNegDeal"});
 }
 TEST(HubPendingStepsTest, DISABLED_EveryGlobalParserHasAParsedHome) {
   for (const std::string& step : TStorageHub::PendingLoadSteps()) ADD_FAILURE() << step;
