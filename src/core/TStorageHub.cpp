@@ -222,7 +222,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     std::vector<std::string> out;
     out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildClientMarginRestrictionsCache");
-    out.push_back("BuildSecurityRestrictionsCache");
     out.push_back("BuildRestrictionsCache");
     out.push_back("ParseCurrencyReplacement");
     out.push_back("ParsePortfolioRiskConfigs");

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "api/TMemory.h"
+#include "cache/TCacheOfSecurityRestrictions.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -343,6 +344,15 @@ class TStorageHub {
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
   std::map<int, TUserIdSettings> m_userIdSettings;
+
+  // ---- Security restrictions cache ----
+ public:
+  // Built in step 11 of the load; null only while the load has not reached
+  // that step.
+  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.get(); }
+
+ private:
+  std::unique_ptr<TCacheOfSecurityRestrictions> m_securityRestrictions;
 };
 
 }  // namespace DL
