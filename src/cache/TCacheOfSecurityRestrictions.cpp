@@ -15,7 +15,7 @@ using P = TIniParser;
 
 constexpr const char* kIgnoreCheckLimits = "IGNORECHECKLIMITS";
 constexpr const char* kMiddleKeyUp = "MIDDLE";
-constexpr int kLastPriceType = 2;        // "LAST"
+constexpr int kLastPriceType = 2;         // "LAST"
 constexpr int kTheoreticalPriceType = 6;  // "THEORPRICE"
 
 const std::string& ParamUp(P::EIniParamCodeNum code) { return P::GetIniParamCodeUp(code); }
@@ -131,35 +131,56 @@ void TCacheOfSecurityRestrictions::ParseGlobalSettings() {
   TClientSecurityRestrictions& g = *global;
   const std::string general(IniSectName(iscGeneral));
   g.ignoreCheckLimits = Parser().GetIniParamBool(general, std::string(kIgnoreCheckLimits), false);
+  // The global sections read here, and what each fills.
+  using THandler = void (*)(const TCacheOfSecurityRestrictions&, TClientSecurityRestrictions&, const TIniKeyMap&);
+  using C = TCacheOfSecurityRestrictions;
+  using O = TClientSecurityRestrictions;
+  static const std::pair<EIniSectCodeNum, THandler> kSections[] = {
+      {iscAddMultiCurrency, [](const C&, O& o, const TIniKeyMap& k) { ParseGlobalAddMultiCurrency(o, k); }},
+      {iscAllowedPartnersAndSettleCodes,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseSectionPartnersAndSettleCodes(o.allowedPartnersAndSettleCodes, k);
+       }},
+      {iscAllowedSecurity, [](const C&, O& o, const TIniKeyMap& k) { ParseGlobalAllowedSecurity(o, k); }},
+      {iscGeneral, [](const C& c, O& o, const TIniKeyMap& k) { c.ParseGlobalGeneral(o, k); }},
+      {iscPriceLimit,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseGlobalPriceLimit(o.priceLimit, o.priceLimitMiddle, cstClass, k);
+       }},
+      {iscProhibitedPartnersAndSettleCodes,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseSectionPartnersAndSettleCodes(o.prohibitedPartnersAndSettleCodes, k);
+       }},
+      {iscRestrictSecurity, [](const C&, O& o, const TIniKeyMap& k) { ParseGlobalRestrictSecurity(o, k); }},
+      {iscRestrictOpenSecurity, [](const C&, O& o, const TIniKeyMap& k) { ParseGlobalRestrictOpenSecurity(o, k); }},
+      {iscSecPriceLimit,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseGlobalPriceLimit(o.secPriceLimit, o.secPriceLimitMiddle, cstSecurity, k);
+       }},
+      {iscSoft_PriceLimit,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseGlobalPriceLimit(o.softPriceLimit, o.softPriceLimitMiddle, cstClass, k);
+       }},
+      {iscSoft_ProhibitedPartnersAndSettleCodes,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseSectionPartnersAndSettleCodes(o.softProhibitedPartnersAndSettleCodes, k);
+       }},
+      {iscSoft_SecPriceLimit,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         ParseGlobalPriceLimit(o.softSecPriceLimit, o.softSecPriceLimitMiddle, cstSecurity, k);
+       }},
+      {iscCommissionWriteOffCurrency,
+       [](const C&, O& o, const TIniKeyMap& k) {
+         for (const auto& [key, value] : k) ParseCommissionWriteOfCurrency(o.commissionWriteOffCurrency, key, value);
+       }},
+  };
   for (const auto& [name, keys] : Parser().GetSections()) {
     const std::string nameUp = StrUpper(name);
-    auto is = [&](EIniSectCodeNum code) { return nameUp == P::GetIniSectCodeUp(code); };
-    if (is(iscAddMultiCurrency))
-      ParseGlobalAddMultiCurrency(g, keys);
-    else if (is(iscAllowedPartnersAndSettleCodes))
-      ParseSectionPartnersAndSettleCodes(g.allowedPartnersAndSettleCodes, keys);
-    else if (is(iscAllowedSecurity))
-      ParseGlobalAllowedSecurity(g, keys);
-    else if (is(iscGeneral))
-      ParseGlobalGeneral(g, keys);
-    else if (is(iscPriceLimit))
-      ParseGlobalPriceLimit(g.priceLimit, g.priceLimitMiddle, cstClass, keys);
-    else if (is(iscProhibitedPartnersAndSettleCodes))
-      ParseSectionPartnersAndSettleCodes(g.prohibitedPartnersAndSettleCodes, keys);
-    else if (is(iscRestrictSecurity))
-      ParseGlobalRestrictSecurity(g, keys);
-    else if (is(iscRestrictOpenSecurity))
-      ParseGlobalRestrictOpenSecurity(g, keys);
-    else if (is(iscSecPriceLimit))
-      ParseGlobalPriceLimit(g.secPriceLimit, g.secPriceLimitMiddle, cstSecurity, keys);
-    else if (is(iscSoft_PriceLimit))
-      ParseGlobalPriceLimit(g.softPriceLimit, g.softPriceLimitMiddle, cstClass, keys);
-    else if (is(iscSoft_ProhibitedPartnersAndSettleCodes))
-      ParseSectionPartnersAndSettleCodes(g.softProhibitedPartnersAndSettleCodes, keys);
-    else if (is(iscSoft_SecPriceLimit))
-      ParseGlobalPriceLimit(g.softSecPriceLimit, g.softSecPriceLimitMiddle, cstSecurity, keys);
-    else if (is(iscCommissionWriteOffCurrency))
-      for (const auto& [key, value] : keys) ParseCommissionWriteOfCurrency(g.commissionWriteOffCurrency, key, value);
+    for (const auto& [code, handler] : kSections)
+      if (nameUp == P::GetIniSectCodeUp(code)) {
+        handler(*this, g, keys);
+        break;
+      }
   }
   DropNegativeLimits(g);
   SetGlobalSettings(std::move(global));

@@ -5,13 +5,13 @@
 namespace DL {
 
 bool TClientSecurityRestrictions::operator==(const TClientSecurityRestrictions& o) const {
-  return MIsEqual(orderMaxValue.amount, o.orderMaxValue.amount) &&
-         orderMaxValue.currency == o.orderMaxValue.currency && orderMaxValueSet == o.orderMaxValueSet &&
-         allowedPartners == o.allowedPartners && prohibitedPartners == o.prohibitedPartners &&
-         userTemplate == o.userTemplate && allowedPartnersAndSettleCodes == o.allowedPartnersAndSettleCodes &&
+  return MIsEqual(orderMaxValue.amount, o.orderMaxValue.amount) && orderMaxValue.currency == o.orderMaxValue.currency &&
+         orderMaxValueSet == o.orderMaxValueSet && allowedPartners == o.allowedPartners &&
+         prohibitedPartners == o.prohibitedPartners && userTemplate == o.userTemplate &&
+         allowedPartnersAndSettleCodes == o.allowedPartnersAndSettleCodes &&
          prohibitedPartnersAndSettleCodes == o.prohibitedPartnersAndSettleCodes &&
-         softProhibitedPartnersAndSettleCodes == o.softProhibitedPartnersAndSettleCodes &&
-         priceLimit == o.priceLimit && secPriceLimit == o.secPriceLimit && softPriceLimit == o.softPriceLimit &&
+         softProhibitedPartnersAndSettleCodes == o.softProhibitedPartnersAndSettleCodes && priceLimit == o.priceLimit &&
+         secPriceLimit == o.secPriceLimit && softPriceLimit == o.softPriceLimit &&
          softSecPriceLimit == o.softSecPriceLimit && priceLimitMiddle == o.priceLimitMiddle &&
          secPriceLimitMiddle == o.secPriceLimitMiddle && softPriceLimitMiddle == o.softPriceLimitMiddle &&
          softSecPriceLimitMiddle == o.softSecPriceLimitMiddle && restrictOpen == o.restrictOpen &&

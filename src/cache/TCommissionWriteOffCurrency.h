@@ -18,7 +18,11 @@ struct TCommissionWriteOffCurrency {
   bool allowPositionClosing = false;
   bool doNotCheckForDiffSettlCurr = false;
 
-  enum EFlag : unsigned { fWithinAvailableCurrencyBalance = 1, fAllowPositionClosing = 2, fDoNotCheckForDiffSettlCurr = 4 };
+  enum EFlag : unsigned {
+    fWithinAvailableCurrencyBalance = 1,
+    fAllowPositionClosing = 2,
+    fDoNotCheckForDiffSettlCurr = 4
+  };
   // The three switches as bits of EFlag.
   unsigned GetFlags() const {
     return (withinAvailableCurrencyBalance ? fWithinAvailableCurrencyBalance : 0u) |

@@ -146,6 +146,7 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
     std::string nameUp;
     std::int32_t kind;
     int key;
+    bool raw;  // the setting's function copies raw text: its lines stay raw here
   };
   std::vector<TRule> rules;
   if (static_cast<std::size_t>(parsed.kind) < TIniParser::supParamAndSectCodes_.size())
@@ -156,10 +157,9 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
       int key = TDispatchTables::ParamKey(row.paramCode);
       if (row.sectCode != iscNone && map->count(row.sectCode) != 0) key = row.sectCode;
       const auto function = map->find(key);
-      // A setting whose rendering copies raw text keeps its lines raw here.
-      if (function == map->end() || IsRawRenderFunction(function->second)) continue;
+      if (function == map->end()) continue;
       rules.push_back({TIniParser::GetIniParamCodeUp(static_cast<TIniParser::EIniParamCodeNum>(row.paramCode)),
-                       row.kind, key});
+                       row.kind, key, IsRawRenderFunction(function->second)});
     }
   const std::string& clientsUp = TIniParser::GetIniParamCodeUp(TIniParser::ipcClients);
   TSettingToStrSource src = parsed;
@@ -177,7 +177,7 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
         match = &rule;
         break;
       }
-    if (match == nullptr) {
+    if (match == nullptr || match->raw) {
       raw += key;
       raw += '=';
       raw += value;

@@ -77,8 +77,8 @@ TEST_F(SecurityRestrictionsCacheTest, PriceLimitValueIsDeviationPriceTypeAndReje
 }
 
 TEST_F(SecurityRestrictionsCacheTest, EmptyPartsOfALimitTakeTheFamilyDefault) {
-  const auto& c = Client(
-      "[clC1]\nPriceLimit_TQBR=,OPEN\nPriceLimit_EQOB=4\nPriceLimit_MIDDLE=3,MARKETPRICE\nPriceLimit_CETS=,\n");
+  const auto& c =
+      Client("[clC1]\nPriceLimit_TQBR=,OPEN\nPriceLimit_EQOB=4\nPriceLimit_MIDDLE=3,MARKETPRICE\nPriceLimit_CETS=,\n");
   ExpectLimit(c.priceLimit, "TQBR", 3.0, kOpen, false);
   ExpectLimit(c.priceLimit, "EQOB", 4.0, kMarketPrice, false);
   ExpectLimit(c.priceLimit, "CETS", 3.0, kMarketPrice, false);
@@ -125,8 +125,8 @@ TEST_F(SecurityRestrictionsCacheTest, MiddleWithAnUnknownPriceTypeIsDropped) {
 }
 
 TEST_F(SecurityRestrictionsCacheTest, PriceLimitItemLongerThanTwelveBytesIsDropped) {
-  const auto& c = Client(
-      "[clC1]\nPriceLimit_ABCDEFGHIJKLM=5\nPriceLimit_ABCDEFGHIJKL=6\nPriceLimit_ABCDEFGHIJKLM_MIDDLE=LAST\n");
+  const auto& c =
+      Client("[clC1]\nPriceLimit_ABCDEFGHIJKLM=5\nPriceLimit_ABCDEFGHIJKL=6\nPriceLimit_ABCDEFGHIJKLM_MIDDLE=LAST\n");
   EXPECT_EQ(c.priceLimit.limits.size(), 1u);
   ExpectLimit(c.priceLimit, "ABCDEFGHIJKL", 6.0, kLast, false);
   EXPECT_TRUE(c.priceLimit.middles.empty());
@@ -175,8 +175,9 @@ TEST_F(SecurityRestrictionsCacheTest, GlobalPriceLimitSectionsReadMiddleFirst) {
 // ---- Order value ----
 
 TEST_F(SecurityRestrictionsCacheTest, ClientOrderMaxValueWithoutAnAmountTakesTheGlobalAmount) {
-  Load("[General]\nOrderMaxValue=1000,USD\n[clC1]\nOrderMaxValue=\n[clC2]\nOrderMaxValue=1,2,3\n"
-       "[clC3]\nX=1\n[clC4]\nOrderMaxValue=50.5,EUR\n");
+  Load(
+      "[General]\nOrderMaxValue=1000,USD\n[clC1]\nOrderMaxValue=\n[clC2]\nOrderMaxValue=1,2,3\n"
+      "[clC3]\nX=1\n[clC4]\nOrderMaxValue=50.5,EUR\n");
   EXPECT_DOUBLE_EQ(cache->GetGlobalSettings()->orderMaxValue.amount, 100000.0);
   EXPECT_EQ(cache->GetGlobalSettings()->orderMaxValue.currency, "USD");
   for (const char* client : {"C1", "C2", "C3"}) {
@@ -450,7 +451,8 @@ TEST_F(SecurityRestrictionsCacheTest, RemovingAKnownTemplateDropsItsObjectUntilN
 }
 
 TEST_F(SecurityRestrictionsCacheTest, ObjectsCompareByContent) {
-  Load("[clC1]\nPriceLimit_A=1\nAllowedPartners=P\n[clC2]\nAllowedPartners=P\nPriceLimit_A=1\n[clC3]\nPriceLimit_A=2\n");
+  Load(
+      "[clC1]\nPriceLimit_A=1\nAllowedPartners=P\n[clC2]\nAllowedPartners=P\nPriceLimit_A=1\n[clC3]\nPriceLimit_A=2\n");
   EXPECT_EQ(*cache->GetClientSettings("C1"), *cache->GetClientSettings("C2"));
   EXPECT_NE(*cache->GetClientSettings("C1"), *cache->GetClientSettings("C3"));
 }

@@ -102,11 +102,15 @@ TEST(HubSecurityRestrictionsTest, QueriedFirmSavesAndReloadsToEqualObjects) {
 
 TEST(HubSecurityRestrictionsTest, ClientSectionIsWrittenWithItsRenderedSettingsFirstAndItsUnknownParametersKept) {
   TStorageHub hub(
-      "[clC1]\nZZZ=9\nPriceLimit_TQBR=5\nAllowedPartners=P2, P1\nUserTemplate=U1\nAAA=1\nPriceLimit_EQOB=-1\n",
+      "[clC1]\nZZZ=9\nPriceLimit_TQBR=5\nAllowedPartners=P2, P1\nUserTemplate=U1\nAAA=1\nPriceLimit_EQOB=-1\n"
+      "Currency_MAIN=RUB\n",
       2);
   (void)Query(hub, "C1");
-  EXPECT_EQ(Row(hub, "clC1", false),
-            "[clC1]\nAllowedPartners=P2,P1\nPriceLimit_TQBR=5,LAST\nAAA=1\nUserTemplate=U1\nZZZ=9\n");
+  // Settings without a parsed rendering (here "UserTemplate" and "Currency_")
+  // stay among the raw lines, as written.
+  EXPECT_EQ(
+      Row(hub, "clC1", false),
+      "[clC1]\nAllowedPartners=P2,P1\nPriceLimit_TQBR=5,LAST\nAAA=1\nCurrency_MAIN=RUB\nUserTemplate=U1\nZZZ=9\n");
 }
 
 TEST(HubSecurityRestrictionsTest, TemplateSectionIsWrittenWithItsClientsFirst) {
