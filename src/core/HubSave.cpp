@@ -31,6 +31,23 @@ bool KeyMatches(const std::string& keyUp, const std::string& nameUp, std::int32_
   }
 }
 
+// The rendering functions whose setting has no parsed home yet: they copy
+// the raw section they are given.
+bool IsRawRenderFunction(TSettingToStrFunc function) {
+  static const TSettingToStrFunc kRaw[] = {
+#define ZDL_HUB_RENDER_FUNC_Hub(name)
+#define ZDL_HUB_RENDER_FUNC_Raw(name) &TStorageHub::name,
+#define ZDL_HUB_RENDER_FUNC(name, home) ZDL_HUB_RENDER_FUNC_##home(name)
+#include "core/HubRenderFunctions.def"
+#undef ZDL_HUB_RENDER_FUNC
+#undef ZDL_HUB_RENDER_FUNC_Raw
+#undef ZDL_HUB_RENDER_FUNC_Hub
+  };
+  for (const TSettingToStrFunc raw : kRaw)
+    if (raw == function) return true;
+  return false;
+}
+
 }  // namespace
 
 void TStorageHub::AppendGlobalSectionRows(std::string& text, TWrittenSections& written) const {
@@ -129,15 +146,20 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
     std::string nameUp;
     std::int32_t kind;
     int key;
+    bool raw;  // the setting's function copies raw text: its lines stay raw here
   };
   std::vector<TRule> rules;
   if (static_cast<std::size_t>(parsed.kind) < TIniParser::supParamAndSectCodes_.size())
     for (const TIniParser::TSupParamAndSectCodes& row : TIniParser::supParamAndSectCodes_[parsed.kind]) {
       if (row.paramCode == TIniParser::ipcNone) continue;
-      const int key = TDispatchTables::ParamKey(row.paramCode);
-      if (map->count(key) == 0) continue;
+      // A parameter of a setting that has a section is rendered under the
+      // section's code, one with no section under its own.
+      int key = TDispatchTables::ParamKey(row.paramCode);
+      if (row.sectCode != iscNone && map->count(row.sectCode) != 0) key = row.sectCode;
+      const auto function = map->find(key);
+      if (function == map->end()) continue;
       rules.push_back({TIniParser::GetIniParamCodeUp(static_cast<TIniParser::EIniParamCodeNum>(row.paramCode)),
-                       row.kind, key});
+                       row.kind, key, IsRawRenderFunction(function->second)});
     }
   const std::string& clientsUp = TIniParser::GetIniParamCodeUp(TIniParser::ipcClients);
   TSettingToStrSource src = parsed;
@@ -155,7 +177,7 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
         match = &rule;
         break;
       }
-    if (match == nullptr) {
+    if (match == nullptr || match->raw) {
       raw += key;
       raw += '=';
       raw += value;

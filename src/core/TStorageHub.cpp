@@ -221,7 +221,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;
     out.push_back("BuildClientSettingsCaches");
-    out.push_back("BuildSecurityRestrictionsCache");
     out.push_back("BuildRestrictionsCache");
     out.push_back("ParseCurrencyReplacement");
     out.push_back("ParsePortfolioRiskConfigs");

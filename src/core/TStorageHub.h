@@ -11,6 +11,7 @@
 
 #include "api/TMemory.h"
 #include "core/HubGlobalSectionTypes.h"
+#include "cache/TCacheOfSecurityRestrictions.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -470,6 +471,14 @@ class TStorageHub {
   TKeyedSection<std::string> m_positionPriceCurrency;
   TClassList m_moexCommissionExportClasses;
   TRawLines m_moexCommissionExportClassesRaw;
+  // ---- Security restrictions cache ----
+ public:
+  // Built in step 11 of the load; null only while the load has not reached
+  // that step.
+  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.get(); }
+
+ private:
+  std::unique_ptr<TCacheOfSecurityRestrictions> m_securityRestrictions;
 };
 
 }  // namespace DL

@@ -77,7 +77,11 @@ void ExpectSameGeneralSettings(const TStorageHub& a, const TStorageHub& b) {
 bool IsWrittenFromHubFields(const std::string& name) {
   static const char* const kNames[] = {"General", "GlobalProhibedTrdAcc", "ProhibitOrders", "AddZadolgBoards",
                                        "AddMultiCurrency", "CommissionCurrency", "ComplexFIApprovedClients",
-                                       "ComplexInstruments", "GroupsOfInstrumentsAndClasses"};
+                                       "ComplexInstruments", "GroupsOfInstrumentsAndClasses",
+                                       // written from the global security restrictions
+                                       "RestrictSecurity", "RestrictOpenSecurity", "PriceLimit", "SecPriceLimit",
+                                       "Soft_PriceLimit", "Soft_SecPriceLimit", "AllowedPartnersAndSettleCodes",
+                                       "ProhibitedPartnersAndSettleCodes", "Soft_ProhibitedPartnersAndSettleCodes"};
   for (const char* n : kNames)
     if (DL::IsSameSettingsName(name, n)) return true;
   return false;
@@ -153,6 +157,10 @@ void ExpectSameHubSettings(const TStorageHub& a, const TStorageHub& b) {
   EXPECT_EQ(a.GetCheckUser(), b.GetCheckUser());
   EXPECT_EQ(a.GetExtendedSubClient(), b.GetExtendedSubClient());
   EXPECT_EQ(a.GetSubBrokerGenerateClient(), b.GetSubBrokerGenerateClient());
+  ASSERT_NE(a.GetSecurityRestrictionsCache(), nullptr);
+  ASSERT_NE(b.GetSecurityRestrictionsCache(), nullptr);
+  EXPECT_EQ(*a.GetSecurityRestrictionsCache()->GetGlobalSettings(),
+            *b.GetSecurityRestrictionsCache()->GetGlobalSettings());
 }
 
 // Loads, saves, reloads and saves again; checks the fixed point and that the

@@ -262,8 +262,17 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
 // real test of its behaviour when its store exists; until then it fails.
 TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientSettingsCaches"));
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
+}
+TEST(HubPendingStepsTest, SecurityRestrictionsCacheIsBuiltAtLoad) {
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseSectionRestrictSecurity"));
+  TStorageHub hub("[RestrictSecurity]\nTQBR=GAZP\n[clC1]\nTQBR_RESTRICTOPEN=SBER\n", 2);
+  const DL::TCacheOfSecurityRestrictions* cache = hub.GetSecurityRestrictionsCache();
+  ASSERT_NE(cache, nullptr);
+  EXPECT_EQ(cache->GetGlobalSettings()->restSecurity.at("TQBR").Items(), std::vector<std::string>{"GAZP"});
+  EXPECT_EQ(cache->GetIniSetting(DL::TIniCacheItemID("C1", -1.0))->restrictOpen.at("TQBR").Items(),
+            std::vector<std::string>{"SBER"});
 }
 TEST(HubPendingStepsTest, DISABLED_CurrencyReplacementIsParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseCurrencyReplacement"));
