@@ -18,7 +18,7 @@ constexpr std::size_t kCurrencyMaxLength = 4;
 
 constexpr const char* kCurrencySection = "Currency";
 constexpr const char* kCurrency2Section = "Currency2";
-constexpr const char* kCurrencyPrefixUp = "CURRENCY_";
+constexpr const char* kCurrencyPrefix = "Currency_";
 constexpr const char* kAddREPOBoardsSection = "AddREPOBoards";
 constexpr const char* kAddCommonSecTrdaccSection = "AddCommonSecTrdacc";
 constexpr const char* kCurrBoardsSection = "CurrBoards";
@@ -54,11 +54,25 @@ bool AnyListContains(const TKeyToList& lists, std::string_view code) {
   return false;
 }
 
+bool StartsWithName(std::string_view name, std::string_view prefix) {
+  return name.size() >= prefix.size() && IsSameSettingsName(name.substr(0, prefix.size()), prefix);
+}
+
 // Every name of a currency replacement section: "Currency", "Currency2" or
 // one that begins with "Currency_".
-bool IsCurrencyReplacementSection(const std::string& name) {
+bool IsCurrencyReplacementSection(std::string_view name) {
   return IsSameSettingsName(name, kCurrencySection) || IsSameSettingsName(name, kCurrency2Section) ||
-         StartsWithUp(StrUpper(name), kCurrencyPrefixUp);
+         StartsWithName(name, kCurrencyPrefix);
+}
+
+// Calls `visit` for each currency replacement section. The section map is
+// ordered by upper-case name, so they all stand in the run of names that
+// begin with "Currency"; a firm with many client sections is not walked.
+template <class TMap, class TVisit>
+void ForEachCurrencyReplacementSection(TMap& sections, TVisit visit) {
+  for (auto it = sections.lower_bound(std::string_view(kCurrencySection));
+       it != sections.end() && StartsWithName(it->first, kCurrencySection); ++it)
+    if (IsCurrencyReplacementSection(it->first)) visit(it->first, it->second);
 }
 
 void ParseCurrencyReplacementSection(const TIniKeyMap& keys, TCurrencyReplacement& out) {
@@ -163,8 +177,9 @@ void TTagToStrListStorage::CollectTags() {
 
 void TStorageHub::ParseCurrencyReplacement() {
   m_currencyReplacements.clear();
-  for (const auto& [name, keys] : m_parser->GetSections())
-    if (IsCurrencyReplacementSection(name)) ParseCurrencyReplacementSection(keys, m_currencyReplacements[name]);
+  ForEachCurrencyReplacementSection(m_parser->GetSections(), [this](const std::string& name, const TIniKeyMap& keys) {
+    ParseCurrencyReplacementSection(keys, m_currencyReplacements[name]);
+  });
 }
 
 std::string TStorageHub::GetReplacingCurrency(std::string_view currency) const {
@@ -455,25 +470,31 @@ void TStorageHub::AppendOldFormListRows(std::string& text, TWrittenSections& wri
       {SectName(iscLimitAllowedSecurity), &TStorageHub::SettingToStrGlobalLimitAllowedSecurity},
       {SectName(iscAssetSecurities), &TStorageHub::SettingToStrGlobalAssetSecurities},
       {SectName(iscRestShortSecurities), &TStorageHub::SettingToStrGlobalRestShortSecurities}};
+  // Each step writes every section whose name begins with its name: the
+  // section of that very name from its store, any longer one as it stands.
   const TIniSectionsMap& sections = m_parser->GetSections();
-  for (const auto& [name, render] : steps) {
-    auto it = sections.find(name);
-    if (it == sections.end() || !written.insert(&it->first).second) continue;
-    TSettingToStrSource src;
-    src.section = it->first;
-    src.keys = &it->second;
-    (this->*render)(text, src);
-  }
+  for (const auto& [name, render] : steps)
+    for (auto it = sections.lower_bound(name); it != sections.end() && StartsWithName(it->first, name); ++it) {
+      if (!written.insert(&it->first).second) continue;
+      TSettingToStrSource src;
+      src.section = it->first;
+      src.keys = &it->second;
+      if (IsSameSettingsName(it->first, name))
+        (this->*render)(text, src);
+      else
+        SettingToStrRawSection(text, src);
+    }
 }
 
 void TStorageHub::AppendCurrencyReplacementRows(std::string& text, TWrittenSections& written) const {
-  for (const auto& [name, keys] : m_parser->GetSections()) {
-    if (!IsCurrencyReplacementSection(name) || !written.insert(&name).second) continue;
+  const TIniSectionsMap& sections = m_parser->GetSections();
+  ForEachCurrencyReplacementSection(sections, [&](const std::string& name, const TIniKeyMap& keys) {
+    if (!written.insert(&name).second) return;
     TSettingToStrSource src;
     src.section = name;
     src.keys = &keys;
     SettingToStrGlobalCurrencyReplacement(text, src);
-  }
+  });
 }
 
 }  // namespace DL

@@ -126,7 +126,7 @@ TEST(HubSectionListsTest, AnEmptyTextLeavesEveryStoreEmpty) {
 TEST(HubCurrencyReplacementTest, SectionsCurrencyCurrency2AndCurrencyPrefixedAreRead) {
   TStorageHub hub(
       "[Currency]\nSUR=RUB,RUR\nUSD=USDT\n[Currency2]\nEUR=EU1\n[currency_C1]\nCNY=CNH\n"
-      "[CurrencyLimits]\nA=1\n[Currency2X]\nB=2\n",
+      "[CurrencyLimits]\nA=1\n[Currency2X]\nB=2\n[CurrBoards]\nUSD=CETS\n[Cz]\nC=3\n",
       2);
   const auto& sections = hub.GetCurrencyReplacements();
   ASSERT_EQ(sections.size(), 3u);
