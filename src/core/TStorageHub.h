@@ -430,7 +430,7 @@ class TStorageHub {
   // The keys of a user section that end in "_SECURITY" (allowed) or
   // "_RESTSECURITY" (restricted): the class before the ending -> the
   // securities. A key with no class or a class longer than 12 characters is
-  // left out.
+  // left out. The catalogue must be filled (any TIniParser::Init does it).
   static void ParseSecurities(const TIniKeyMap& keys, TKeyToList& out);
   static void ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out);
 

@@ -10,6 +10,7 @@
 
 #include "core/SavedText.h"
 #include "core/TStorageHub.h"
+#include "ini/TIniParser.h"
 
 namespace {
 
@@ -312,6 +313,7 @@ TEST(HubUserSettingsTest, AUserWithoutThemHasEmptyLists) {
 }
 
 TEST(HubUserSettingsTest, ParseSecuritiesAndParseRestSecuritiesTakeOnlyTheirEnding) {
+  DL::TIniParser catalogue("", 2, ';', 1);  // the first parser of the process fills the name tables
   const DL::TIniKeyMap keys{{"TQBR_SECURITY", "A,B"}, {"TQBR_RESTSECURITY", "C"}, {"TQOB_RESTSHORT", "D"}};
   TKeyToList allowed;
   TKeyToList restricted;
