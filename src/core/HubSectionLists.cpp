@@ -13,8 +13,6 @@ namespace DL {
 
 namespace {
 
-constexpr std::size_t kCodeMaxLength = 12;      // class, security, board, trade account, counterparty
-constexpr std::size_t kCurrencyMaxLength = 4;
 
 constexpr const char* kCurrencySection = "Currency";
 constexpr const char* kCurrency2Section = "Currency2";
@@ -39,12 +37,14 @@ bool EndsWithUp(const std::string& textUp, const std::string& suffixUp) {
          textUp.compare(textUp.size() - suffixUp.size(), suffixUp.size(), suffixUp) == 0;
 }
 
-// A code is usable when it is not empty and not longer than the limit.
-bool IsCode(std::string_view code, std::size_t maxLength) { return !code.empty() && code.size() <= maxLength; }
+// A code is usable when it is not empty and not longer than its kind allows.
+bool IsCode(std::string_view code, EClassSettingType kind) {
+  return !code.empty() && !IsRowLengthGreaterMaxLength(code, kind);
+}
 
-bool AllItemsFit(const TClassList& list, std::size_t maxLength) {
+bool AllItemsFit(const TClassList& list, EClassSettingType kind) {
   for (const std::string& item : list.Items())
-    if (item.size() > maxLength) return false;
+    if (IsRowLengthGreaterMaxLength(item, kind)) return false;
   return true;
 }
 
@@ -79,7 +79,7 @@ void ParseCurrencyReplacementSection(const TIniKeyMap& keys, TCurrencyReplacemen
   for (const auto& [key, value] : keys) {
     const std::string currency = TrimStr(key);
     TClassList list(value, TClassList::NoRepeats);
-    if (!IsCode(currency, kCurrencyMaxLength) || list.Empty() || !AllItemsFit(list, kCurrencyMaxLength)) {
+    if (!IsCode(currency, cstCurrency) || list.Empty() || !AllItemsFit(list, cstCurrency)) {
       out.raw[key] = value;
       continue;
     }
@@ -96,7 +96,7 @@ void ParseSecuritiesByClassSection(const TIniKeyMap* keys, TSecuritiesByClass& o
   for (const auto& [key, value] : *keys) {
     const std::string keyUp = StrUpper(TrimStr(key));
     TClassList list(value, TClassList::NoRepeats);
-    const bool fits = AllItemsFit(list, kCodeMaxLength);
+    const bool fits = AllItemsFit(list, cstSecurity);
     if (fits && keyUp == allUp) {
       out.hasAll = true;
       out.all = std::move(list);
@@ -104,7 +104,7 @@ void ParseSecuritiesByClassSection(const TIniKeyMap* keys, TSecuritiesByClass& o
     }
     if (fits && StartsWithUp(keyUp, prefixUp)) {
       const std::string classCode = TrimStr(TrimStr(key).substr(prefixUp.size()));
-      if (IsCode(classCode, kCodeMaxLength)) {
+      if (IsCode(classCode, cstClass)) {
         out.byClass[classCode] = std::move(list);
         continue;
       }
@@ -151,7 +151,7 @@ void TTagToStrListStorage::Clear() {
 bool TTagToStrListStorage::Add(const std::string& key, const std::string& value) {
   const std::string tag = TrimStr(key);
   TClassList list(value, TClassList::NoRepeats);
-  if (!IsCode(tag, kCodeMaxLength) || !AllItemsFit(list, kCodeMaxLength)) return false;
+  if (!IsCode(tag, cstClass) || !AllItemsFit(list, cstClass)) return false;
   m_lists[tag] = std::move(list);
   return true;
 }
@@ -205,7 +205,7 @@ void TStorageHub::ParseOldFormSectionLists() {
       TCounterpartyLimit limit;
       limit.counterparty = TrimStr(key);
       limit.classes.Assign(value, TClassList::NoRepeats);
-      if (!IsCode(limit.counterparty, kCodeMaxLength) || !AllItemsFit(limit.classes, kCodeMaxLength)) continue;
+      if (!IsCode(limit.counterparty, cstPartner) || !AllItemsFit(limit.classes, cstClass)) continue;
       m_counterpartyLimits[limit.counterparty] = std::move(limit);
     }
 
@@ -215,8 +215,8 @@ void TStorageHub::ParseOldFormSectionLists() {
       const std::vector<std::string> items = BoardListToVector(value, ',', true);
       if (items.size() != 2) continue;
       TTranoutTag tag{TrimStr(key), items[0], items[1]};
-      if (!IsCode(tag.nonTradeInstrument, kCodeMaxLength) || !IsCode(tag.classCode, kCodeMaxLength) ||
-          !IsCode(tag.currency, kCurrencyMaxLength))
+      if (!IsCode(tag.nonTradeInstrument, cstSecurity) || !IsCode(tag.classCode, cstClass) ||
+          !IsCode(tag.currency, cstCurrency))
         continue;
       m_tranoutTags[tag.nonTradeInstrument] = std::move(tag);
     }
@@ -230,7 +230,7 @@ void TStorageHub::ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::str
     const std::string name = TrimStr(key);
     if (!EndsWithUp(StrUpper(name), suffixUp)) continue;
     const std::string classCode = name.substr(0, name.size() - suffixUp.size());
-    if (!IsCode(classCode, kCodeMaxLength)) continue;
+    if (!IsCode(classCode, cstClass)) continue;
     out[classCode].Assign(value, TClassList::NoRepeats);
   }
 }
@@ -250,7 +250,7 @@ void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, T
     const std::string name = TrimStr(key);
     if (!StartsWithUp(StrUpper(name), prefixUp)) continue;
     const std::string code = name.substr(prefixUp.size());
-    if (IsCode(code, kCodeMaxLength)) out.floodControlByInstrument[code] = value;
+    if (IsCode(code, cstSecurity)) out.floodControlByInstrument[code] = value;
   }
   ParseRestSecurities(keys, out.restSecurities);
   ParseSecurities(keys, out.securities);
@@ -283,16 +283,16 @@ void TStorageHub::ParsePlainListSections() {
     for (const auto& [key, value] : *keys) {
       TAdditionalSecTrdaccRec rec;
       rec.trdAcc = TrimStr(key);
-      bool valid = IsCode(rec.trdAcc, kCodeMaxLength);
+      bool valid = IsCode(rec.trdAcc, cstTradeAccount);
       for (const std::string& item : BoardListToVector(value, ',')) {
         const std::size_t colon = item.find(kPairDelimiter);
         TCommonSecRec sec;
         sec.classCode = TrimStr(item.substr(0, colon));
         if (colon != std::string::npos) {
           sec.secCode = TrimStr(item.substr(colon + 1));
-          valid = valid && IsCode(sec.secCode, kCodeMaxLength);
+          valid = valid && IsCode(sec.secCode, cstSecurity);
         }
-        valid = valid && IsCode(sec.classCode, kCodeMaxLength);
+        valid = valid && IsCode(sec.classCode, cstClass);
         rec.securities.push_back(std::move(sec));
       }
       if (valid && !rec.securities.empty()) m_addCommonSecTrdacc[rec.trdAcc] = std::move(rec);
@@ -311,7 +311,7 @@ void TStorageHub::ParsePlainListSections() {
   if (const TIniKeyMap* keys = m_parser->FindIniSectionRef(kReplaceableInstrumentsSection))
     for (const auto& [key, value] : *keys) {
       const std::string classCode = TrimStr(key);
-      if (!IsCode(classCode, kCodeMaxLength)) continue;
+      if (!IsCode(classCode, cstClass)) continue;
       std::map<std::string, std::string> pairs;
       bool valid = true;
       for (const std::string& item : BoardListToVector(value, ',')) {
@@ -322,7 +322,7 @@ void TStorageHub::ParsePlainListSections() {
         }
         const std::string sec = TrimStr(item.substr(0, colon));
         const std::string mainSec = TrimStr(item.substr(colon + 1));
-        if (!IsCode(sec, kCodeMaxLength) || !IsCode(mainSec, kCodeMaxLength)) {
+        if (!IsCode(sec, cstSecurity) || !IsCode(mainSec, cstSecurity)) {
           valid = false;
           break;
         }
