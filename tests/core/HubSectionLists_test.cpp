@@ -324,7 +324,9 @@ TEST(HubUserSettingsTest, ParseSecuritiesAndParseRestSecuritiesTakeOnlyTheirEndi
 }
 
 TEST(HubUserSettingsTest, RoundTripKeepsTheUserSection) {
-  TRoundTrip rt("[u5]\nFloodControlByInstrument_SBER=10,1\nTQBR_SECURITY=SBER\nTQBR_RESTSECURITY=LKOH\n");
+  TRoundTrip rt(
+      "[u5]\nFloodControlByInstrument_SBER=10,1\nTQBR_SECURITY=SBER\nTQBR_RESTSECURITY=LKOH\nUnknownKey=9\n");
+  EXPECT_NE(rt.saved.find("UnknownKey=9\r\n"), std::string::npos);
   const DL::TUserIdSettings& a = rt.first.GetUserIdSettings().at(5);
   const DL::TUserIdSettings& b = rt.second.GetUserIdSettings().at(5);
   EXPECT_EQ(Dump(b.securities), Dump(a.securities));
