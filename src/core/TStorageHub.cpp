@@ -177,8 +177,10 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   FillBaseAssets();
   FillBoardTariffs();
   ParseUserIdSettings();
+  FillSupportMultiCurrency();
   // 17. Plain lists of other sections.
   m_general.ParseMarketToLimitOrderPricePercent(*m_parser);
+  ParsePlainListSections();
   // 18. Tag sections.
   ParseTagSections();
   // 19. Tariff plans.
@@ -192,6 +194,7 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   ParseGroupsAndComplexInstruments(*m_parser);
   ParseLateSectionsAfterClientCVal();
   ParseComplexInstrumentsGeneral(*m_parser);
+  ParseSpecialTradingAccounts();
   // 21. The repo-term table when the text gave none; the firm is ready.
   m_general.SetRepoTermForRepoCCP();
 }
@@ -222,13 +225,9 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     std::vector<std::string> out;
     out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildRestrictionsCache");
-    out.push_back("ParseCurrencyReplacement");
     out.push_back("ParsePortfolioRiskConfigs");
-    out.push_back("ParseOldFormSectionLists");
     out.push_back("FillBaseAssets");
     out.push_back("FillBoardTariffs");
-    out.push_back("ParseUserIdSecuritiesAndFloodControl");
-    out.push_back("ParseTagSections");
     out.push_back("ParseTariffPlans");
     out.push_back("ParseVolumeBasedCommission");
     out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");

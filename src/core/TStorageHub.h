@@ -12,6 +12,7 @@
 #include "api/TMemory.h"
 #include "core/HubGlobalSectionTypes.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
+#include "core/HubSectionLists.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -96,6 +97,10 @@ struct TUserIdSettings {
   TClassList allowedTrdAcc;         // "AllowedTrdAcc"
   TClassList prohibedTrdAcc;        // "ProhibedTrdAcc"
   TClassList classesWithoutOrderCheck;
+  TKeyToList securities;      // "<class>_SECURITY": the allowed securities of the class
+  TKeyToList restSecurities;  // "<class>_RESTSECURITY": the restricted securities of the class
+  // "FloodControlByInstrument_<code>": the code -> the value as written.
+  std::map<std::string, std::string, StringMapComparerFunc> floodControlByInstrument;
 };
 
 class TStorageHub {
@@ -479,6 +484,139 @@ class TStorageHub {
 
  private:
   std::unique_ptr<TCacheOfSecurityRestrictions> m_securityRestrictions;
+  // ---- Section lists, tag sections, user settings ----
+ public:
+  // Currency replacement sections ("Currency", "Currency2", "Currency_..."),
+  // by section name as written.
+  using TCurrencyReplacements = std::map<std::string, TCurrencyReplacement, StringMapComparerFunc>;
+  const TCurrencyReplacements& GetCurrencyReplacements() const { return m_currencyReplacements; }
+  // The currency that replaces `currency` in the section "Currency": the key
+  // whose list holds it; empty when none does.
+  std::string GetReplacingCurrency(std::string_view currency) const;
+
+  // Section lists of the old form.
+  const TSecuritiesByClass& GetLimitAllowedSecurity() const { return m_limitAllowedSecurity; }
+  const TSecuritiesByClass& GetAssetSecurities() const { return m_assetSecurities; }
+  const TSecuritiesByClass& GetRestShortSecurities() const { return m_restShortSecurities; }
+  const std::map<std::string, TCounterpartyLimit, StringMapComparerFunc>& GetCounterpartyLimits() const {
+    return m_counterpartyLimits;
+  }
+  const std::map<std::string, TTranoutTag, StringMapComparerFunc>& GetTranoutTags() const { return m_tranoutTags; }
+
+  // Multi-currency support: whether "SupportMultiCurrency" is on, and each
+  // class of "MULTICURRINSTRCLASSES" with the currencies of every
+  // "AddMultiCurrency" group (its key and its list).
+  bool IsMultiCurrencySupported() const { return m_multiCurrencySupported; }
+  const TKeyToList& GetMultiCurrencyByClass() const { return m_multiCurrencyByClass; }
+
+  // Plain lists of other sections (key -> "," list).
+  const TKeyToList& GetAddRepoBoards() const { return m_addRepoBoards; }
+  const TKeyToList& GetAddLockedBoards() const { return m_addLockedBoards; }
+  const std::map<std::string, TAdditionalSecTrdaccRec, StringMapComparerFunc>& GetAddCommonSecTrdacc() const {
+    return m_addCommonSecTrdacc;
+  }
+  const TKeyToList& GetCurrBoards() const { return m_currBoards; }
+  const TKeyToList& GetQuantityNotInLotsClasses() const { return m_quantityNotInLotsClasses; }
+  const TKeyToList& GetAddMarketMarginalZadolg() const { return m_addMarketMarginalZadolg; }
+  const TKeyToList& GetClassesWithoutLimitKinds() const { return m_classesWithoutLimitKinds; }
+  const TKeyToList& GetRestrictSecuritiesProportionInCollateral() const { return m_restrictSecuritiesProportion; }
+  const TKeyToList& GetClassesWithTradeCurrency() const { return m_classesWithTradeCurrency; }
+  const TReplaceableInstruments& GetReplaceableInstruments() const { return m_replaceableInstruments; }
+  // Membership in any list of the section.
+  bool IsQuantityNotInLotsClass(std::string_view classCode) const;
+  bool IsClassWithoutLimitKinds(std::string_view classCode) const;
+  bool IsRestrictSecuritiesPropotionInCollateral(std::string_view secCode) const;
+  // The main security of a replaceable one; the security itself when the
+  // class has no entry for it.
+  std::string GetMainSec(std::string_view classCode, std::string_view secCode) const;
+  // The parameters of "General" of the same step, kept with the general
+  // parameters.
+  const TClassList& GetReservePerevorotGO() const { return m_general.GetReservePerevorotGO(); }
+  const TClassList& GetSpotClasses() const { return m_general.GetSpotClasses(); }
+  const TClassList& GetClassesWithoutPartExec() const { return m_general.GetClassesWithoutPartExec(); }
+  const TClassList& GetUseOpenFXRateClasses() const { return m_general.GetUseOpenFXRateClasses(); }
+  const TClassList& GetCurrencyClassesWithCCYData() const { return m_general.GetCurrencyClassesWithCCYData(); }
+
+  // Tag sections.
+  const TTagToStrListStorage& GetAddLockedTrdacc() const { return m_addLockedTrdacc; }
+  const TTagToStrListStorage& GetBoardTag() const { return m_boardTag; }
+  const TTagToStrListStorage& GetSecToBoard() const { return m_secToBoard; }
+  const TTagToStrListStorage& GetAddLimitBoards() const { return m_addLimitBoards; }
+  const TTagToStrListStorage& GetAddLimitTrdacc() const { return m_addLimitTrdacc; }
+  const TTagToStrListStorage& GetAddNonMarginalBoard() const { return m_addNonMarginalBoard; }
+  const TTagToStrListStorage& GetAddREPOTrdacc() const { return m_addREPOTrdacc; }
+  const TTagToStrListStorage& GetAddCommonTrdacc() const { return m_addCommonTrdacc; }
+  const TTagToStrListStorage& GetREPOLimitTrdAcc() const { return m_repoLimitTrdAcc; }
+  const TTagToStrListStorage& GetREPOLimitBoards() const { return m_repoLimitBoards; }
+  const TTagToStrListStorage& GetSpecialTradingAccounts() const { return m_specialTradingAccounts; }
+  // Whether the sections "AddLimitBoards" and "AddNonMarginalBoard" are in
+  // the text.
+  bool HasAddLimitBoards() const { return m_hasAddLimitBoards; }
+  bool HasAddNonMarginalBoard() const { return m_hasAddNonMarginalBoard; }
+  // The limit boards: every board of "REPOLimitBoards"; the common trade
+  // accounts of the limits: every account of "AddCommonTrdacc".
+  const std::set<std::string>& GetLimitBoards() const { return m_limitBoards; }
+  const std::set<std::string>& GetLimitCommonTrdAccs() const { return m_limitCommonTrdAccs; }
+
+  // A tag section into `out` (cleared first); `present` (if given) tells
+  // whether the section is in the text. Lines with an empty key or a code
+  // longer than 12 characters are kept as raw lines.
+  static void ParseTagToStrListSection(const TIniKeyMap* keys, TTagToStrListStorage& out, bool* present);
+  // The keys of a user section that end in "_SECURITY" (allowed) or
+  // "_RESTSECURITY" (restricted): the class before the ending -> the
+  // securities. A key with no class or a class longer than 12 characters is
+  // left out. The catalogue must be filled (any TIniParser::Init does it).
+  static void ParseSecurities(const TIniKeyMap& keys, TKeyToList& out);
+  static void ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out);
+
+  // Rendering of the sections written by the save steps 8, 9, 10 and 12,
+  // from the stores; the section name is src.section.
+  void SettingToStrGlobalLimitAllowedSecurity(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrGlobalAssetSecurities(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrGlobalRestShortSecurities(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrGlobalCurrencyReplacement(std::string& out, const TSettingToStrSource& src) const;
+
+ private:
+  void FillSupportMultiCurrency();      // step 16
+  void ParsePlainListSections();        // step 17
+  void FillTagsFromTagToTagsSettings();  // step 18
+  void ParseSpecialTradingAccounts();   // step 20, last
+  static void ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::string& suffixUp, TKeyToList& out);
+  static void SecuritiesByClassToStr(std::string& out, const std::string& section, const TSecuritiesByClass& store);
+
+  TCurrencyReplacements m_currencyReplacements;
+  TSecuritiesByClass m_limitAllowedSecurity;
+  TSecuritiesByClass m_assetSecurities;
+  TSecuritiesByClass m_restShortSecurities;
+  std::map<std::string, TCounterpartyLimit, StringMapComparerFunc> m_counterpartyLimits;
+  std::map<std::string, TTranoutTag, StringMapComparerFunc> m_tranoutTags;
+  bool m_multiCurrencySupported = false;
+  TKeyToList m_multiCurrencyByClass;
+  TKeyToList m_addRepoBoards;
+  TKeyToList m_addLockedBoards;
+  std::map<std::string, TAdditionalSecTrdaccRec, StringMapComparerFunc> m_addCommonSecTrdacc;
+  TKeyToList m_currBoards;
+  TKeyToList m_quantityNotInLotsClasses;
+  TKeyToList m_addMarketMarginalZadolg;
+  TKeyToList m_classesWithoutLimitKinds;
+  TKeyToList m_restrictSecuritiesProportion;
+  TKeyToList m_classesWithTradeCurrency;
+  TReplaceableInstruments m_replaceableInstruments;
+  TTagToStrListStorage m_addLockedTrdacc;
+  TTagToStrListStorage m_boardTag;
+  TTagToStrListStorage m_secToBoard;
+  TTagToStrListStorage m_addLimitBoards;
+  TTagToStrListStorage m_addLimitTrdacc;
+  TTagToStrListStorage m_addNonMarginalBoard;
+  TTagToStrListStorage m_addREPOTrdacc;
+  TTagToStrListStorage m_addCommonTrdacc;
+  TTagToStrListStorage m_repoLimitTrdAcc;
+  TTagToStrListStorage m_repoLimitBoards;
+  TTagToStrListStorage m_specialTradingAccounts;
+  bool m_hasAddLimitBoards = false;
+  bool m_hasAddNonMarginalBoard = false;
+  std::set<std::string> m_limitBoards;
+  std::set<std::string> m_limitCommonTrdAccs;
 };
 
 }  // namespace DL

@@ -274,24 +274,34 @@ TEST(HubPendingStepsTest, SecurityRestrictionsCacheIsBuiltAtLoad) {
   EXPECT_EQ(cache->GetIniSetting(DL::TIniCacheItemID("C1", -1.0))->restrictOpen.at("TQBR").Items(),
             std::vector<std::string>{"SBER"});
 }
-TEST(HubPendingStepsTest, DISABLED_CurrencyReplacementIsParsed) {
+TEST(HubPendingStepsTest, CurrencyReplacementIsParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseCurrencyReplacement"));
+  TStorageHub hub("[Currency]\nSUR=RUB,RUR\n", 2);
+  EXPECT_EQ(hub.GetReplacingCurrency("RUR"), "SUR");
 }
 TEST(HubPendingStepsTest, DISABLED_PortfolioRiskConfigsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParsePortfolioRiskConfigs"));
 }
-TEST(HubPendingStepsTest, DISABLED_OldFormSectionListsAreParsed) {
+TEST(HubPendingStepsTest, OldFormSectionListsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseOldFormSectionLists"));
+  TStorageHub hub("[LimitAllowedSecurity]\nSECURITY_TQBR=SBER\n", 2);
+  EXPECT_TRUE(hub.GetLimitAllowedSecurity().Contains("TQBR", "SBER"));
 }
 TEST(HubPendingStepsTest, DISABLED_BaseAssetsAreFilled) { EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets")); }
 TEST(HubPendingStepsTest, DISABLED_BoardTariffsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBoardTariffs"));
 }
-TEST(HubPendingStepsTest, DISABLED_UserSecuritiesAndFloodControlAreParsed) {
+TEST(HubPendingStepsTest, UserSecuritiesAndFloodControlAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSecuritiesAndFloodControl"));
+  TStorageHub hub("[u3]\nTQBR_SECURITY=SBER\nFloodControlByInstrument_SBER=5\n", 2);
+  const DL::TUserIdSettings& user = hub.GetUserIdSettings().at(3);
+  EXPECT_TRUE(user.securities.at("TQBR").Contains("SBER"));
+  EXPECT_EQ(user.floodControlByInstrument.at("SBER"), "5");
 }
-TEST(HubPendingStepsTest, DISABLED_TagSectionsAreParsed) {
+TEST(HubPendingStepsTest, TagSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTagSections"));
+  TStorageHub hub("[BoardTag]\nEQTV=TQBR\n", 2);
+  EXPECT_TRUE(hub.GetBoardTag().Contains("EQTV", "TQBR"));
 }
 TEST(HubPendingStepsTest, DISABLED_TariffPlansAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTariffPlans"));
