@@ -228,7 +228,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("ParsePortfolioRiskConfigs");
     out.push_back("ParseOldFormSectionLists");
     out.push_back("FillBaseAssets");
-    out.push_back("FillBoardTariffs");
     out.push_back("ParseUserIdSecuritiesAndFloodControl");
     out.push_back("ParseTagSections");
     out.push_back("ParseTariffPlans");
