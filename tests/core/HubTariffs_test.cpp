@@ -68,8 +68,8 @@ TEST(HubTariffsTest, DefaultRatesComeFromTheSectionsTSOrgAndClearing) {
 
 TEST(HubTariffsTest, TheScheduleHasOneTariffPerBoardPlusTheDefault) {
   const TStorageHub hub("", 2);
-  // 364 board names in the schedule, "PYGC" twice: 363 boards and "DEFAULT".
-  EXPECT_EQ(hub.GetBoardTariffs().Size(), 364u);
+  // 362 board names in the schedule, "PYGC" twice: 361 boards and "DEFAULT".
+  EXPECT_EQ(hub.GetBoardTariffs().Size(), 362u);
 }
 
 TEST(HubTariffsTest, EachRowBuildsItsClassWithItsRates) {
@@ -141,8 +141,11 @@ TEST(HubTariffsTest, ByDefaultEveryScheduledBoardHasTheMinimumAndNoFirmRates) {
   // The default list of minimum boards is the schedule's boards, so no board
   // is added for it.
   const auto& minTS = hub.General().GetMinTSCommClasses();
-  for (const auto& [board, tariff] : hub.GetBoardTariffs().Tariffs())
-    if (board != "DEFAULT") EXPECT_TRUE(minTS.Contains(board)) << board;
+  for (const auto& [board, tariff] : hub.GetBoardTariffs().Tariffs()) {
+    if (board != "DEFAULT") {
+      EXPECT_TRUE(minTS.Contains(board)) << board;
+    }
+  }
   EXPECT_EQ(minTS.Size() + 1, hub.GetBoardTariffs().Size());
 }
 
@@ -178,7 +181,7 @@ TEST(HubTariffsTest, FirmRatesPerBoardOverrideAndALowerCaseBoardIsFoundUnderItsU
   EXPECT_DOUBLE_EQ(v.Org, 10.0);
   EXPECT_DOUBLE_EQ(v.Clearing, 0.0);
   // No board is added for a scheduled one.
-  EXPECT_EQ(hub.GetBoardTariffs().Size(), 364u);
+  EXPECT_EQ(hub.GetBoardTariffs().Size(), 362u);
   EXPECT_DOUBLE_EQ(hub.GetIndividualCommRate("tQbR").Org, 0.001);
   // Other boards keep no firm rates.
   ExpectNotSet(As<DL::TNormalTariff>(hub, "TQTF").INIRates);
@@ -201,7 +204,7 @@ TEST(HubTariffsTest, ABoardOnlyTheFirmNamesGetsANormalTariffWithTheDefaultRates)
   EXPECT_DOUBLE_EQ(myb1.INIRates.Clearing, -1.0);
   EXPECT_FALSE(myb1.UseMin);
   EXPECT_DOUBLE_EQ(As<DL::TNormalTariff>(hub, "MYB2").INIRates.Clearing, 0.02);
-  EXPECT_EQ(hub.GetBoardTariffs().Size(), 366u);
+  EXPECT_EQ(hub.GetBoardTariffs().Size(), 364u);
   // 1e6: TS 1e6 * 0.03 / 100 = 300; organiser 1e6 * 0.01 / 100 = 100.
   const DL::TExchCommValue v = hub.GetBoardTariff("myb1")->CalcCommValue(1e6, 0.0, 0, 0);
   EXPECT_DOUBLE_EQ(v.TS, 300.0);
