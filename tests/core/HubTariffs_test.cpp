@@ -237,6 +237,14 @@ TEST(HubTariffsTest, AnEmptyFirmRateIsNoRate) {
   EXPECT_EQ(hub.GetBoardTariffs().Find("NEWE"), nullptr);
 }
 
+TEST(HubTariffsTest, AMalformedFirmRateReadsByItsLeadingDigits) {
+  const TStorageHub hub("[ORGCOMMISSION]\nTQBR=abc\n[CLEARINGCOMMISSION]\nTQBR=0.5xyz\n", 2);
+  const auto& tqbr = As<DL::TNormalTariff>(hub, "TQBR");
+  EXPECT_DOUBLE_EQ(tqbr.INIRates.TS, -1.0);
+  EXPECT_DOUBLE_EQ(tqbr.INIRates.Org, 0.0);  // no digits: a free organiser part
+  EXPECT_DOUBLE_EQ(tqbr.INIRates.Clearing, 0.5);
+}
+
 TEST(HubTariffsTest, TheReducedPlacementRateFollowsTheFirmsFlag) {
   const TStorageHub off("", 2);
   EXPECT_FALSE(As<DL::TVolumeScaledBondsTariff>(off, "PAEU").IsUseBondPlacementReducedMOEXRateUsed);
