@@ -227,7 +227,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("BuildRestrictionsCache");
     out.push_back("ParsePortfolioRiskConfigs");
     out.push_back("FillBaseAssets");
-    out.push_back("FillBoardTariffs");
     out.push_back("ParseTariffPlans");
     out.push_back("ParseVolumeBasedCommission");
     out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");

@@ -13,6 +13,7 @@
 #include "core/HubGlobalSectionTypes.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
 #include "core/HubSectionLists.h"
+#include "commission/TBoardTariffs.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -617,6 +618,23 @@ class TStorageHub {
   bool m_hasAddNonMarginalBoard = false;
   std::set<std::string> m_limitBoards;
   std::set<std::string> m_limitCommonTrdAccs;
+  // ---- Board tariffs ----
+ public:
+  // The exchange's tariff of each board with the firm's own rates, filled at
+  // load (FillBoardTariffs) and read only afterwards.
+  const TBoardTariffs& GetBoardTariffs() const { return m_boardTariffs; }
+  // The tariff of a board, ignoring case; the tariff of "DEFAULT" for a
+  // board that has none.
+  const ABoardTariff* GetBoardTariff(std::string_view board) const { return m_boardTariffs.Get(board); }
+  // The firm's rates of a board from "BOARDCOMMISSION", "ORGCOMMISSION" and
+  // "CLEARINGCOMMISSION" (trading system, organiser, clearing), ignoring
+  // case; -1.0 where the firm gave none.
+  TExchCommRate GetIndividualCommRate(std::string_view board) const {
+    return m_boardTariffs.GetIndividualCommRate(board);
+  }
+
+ private:
+  TBoardTariffs m_boardTariffs;
 };
 
 }  // namespace DL

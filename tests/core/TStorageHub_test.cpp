@@ -288,8 +288,16 @@ TEST(HubPendingStepsTest, OldFormSectionListsAreParsed) {
   EXPECT_TRUE(hub.GetLimitAllowedSecurity().Contains("TQBR", "SBER"));
 }
 TEST(HubPendingStepsTest, DISABLED_BaseAssetsAreFilled) { EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets")); }
-TEST(HubPendingStepsTest, DISABLED_BoardTariffsAreFilled) {
+TEST(HubPendingStepsTest, BoardTariffsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBoardTariffs"));
+  TStorageHub hub("[BOARDCOMMISSION]\nTQBR=0.005\n", 2);
+  const DL::ABoardTariff* tqbr = hub.GetBoardTariff("TQBR");
+  ASSERT_NE(tqbr, nullptr);
+  EXPECT_NE(tqbr, hub.GetBoardTariff("DEFAULT"));
+  EXPECT_DOUBLE_EQ(tqbr->INIRates.TS, 0.005);
+  // 1e6 * 0.005 / 100 = 50.
+  EXPECT_DOUBLE_EQ(tqbr->CalcCommValue(1e6, 0.0, 0, 0).TS, 50.0);
+  EXPECT_EQ(hub.GetBoardTariff("XXXX"), hub.GetBoardTariff("DEFAULT"));
 }
 TEST(HubPendingStepsTest, UserSecuritiesAndFloodControlAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSecuritiesAndFloodControl"));
