@@ -225,9 +225,7 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("BuildSecurityRestrictionsCache");
     out.push_back("BuildRestrictionsCache");
     out.push_back("ParseCurrencyReplacement");
-    out.push_back("ParsePortfolioRiskConfigs");
     out.push_back("ParseOldFormSectionLists");
-    out.push_back("FillBaseAssets");
     out.push_back("FillBoardTariffs");
     out.push_back("ParseUserIdSecuritiesAndFloodControl");
     out.push_back("ParseTagSections");
@@ -736,6 +734,7 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   AppendMarginSettingsRows(text, written);
   // 17. Restriction templates.
   AppendRestrictionTemplateRows(text, written);
+  AppendPortfolioRiskRows(text, written);
   // Every section no step wrote (no parsed home, or not parsed) is copied as
   // it stands, so that nothing is lost.
   for (auto it = sections.begin(); it != sections.end(); ++it) {
