@@ -225,8 +225,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     std::vector<std::string> out;
     out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildRestrictionsCache");
-    out.push_back("ParsePortfolioRiskConfigs");
-    out.push_back("FillBaseAssets");
     out.push_back("ParseTariffPlans");
     out.push_back("ParseVolumeBasedCommission");
     out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
@@ -713,6 +711,7 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   AppendMarginSettingsRows(text, written);
   // 17. Restriction templates.
   AppendRestrictionTemplateRows(text, written);
+  AppendPortfolioRiskRows(text, written);
   // Every section no step wrote (no parsed home, or not parsed) is copied as
   // it stands, so that nothing is lost.
   for (auto it = sections.begin(); it != sections.end(); ++it) {

@@ -279,15 +279,31 @@ TEST(HubPendingStepsTest, CurrencyReplacementIsParsed) {
   TStorageHub hub("[Currency]\nSUR=RUB,RUR\n", 2);
   EXPECT_EQ(hub.GetReplacingCurrency("RUR"), "SUR");
 }
-TEST(HubPendingStepsTest, DISABLED_PortfolioRiskConfigsAreParsed) {
+TEST(HubPendingStepsTest, PortfolioRiskConfigsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParsePortfolioRiskConfigs"));
+  TStorageHub hub("[PortfolioRiskConfig]\nKGO=2\n[PortfolioRiskConfig_SI]\nVOLATILITY=40\n", 2);
+  ASSERT_TRUE(hub.HasPortfolioRiskConfigs());
+  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 2.0);
+  ASSERT_EQ(hub.GetBaseAssetRiskConfigs().size(), 1u);
+  EXPECT_EQ(hub.GetBaseAssetRiskConfigs()[0].baseAsset, "SI");
+  EXPECT_DOUBLE_EQ(hub.GetBaseAssetRiskConfigs()[0].risk.volatility, 40.0);
 }
 TEST(HubPendingStepsTest, OldFormSectionListsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseOldFormSectionLists"));
   TStorageHub hub("[LimitAllowedSecurity]\nSECURITY_TQBR=SBER\n", 2);
   EXPECT_TRUE(hub.GetLimitAllowedSecurity().Contains("TQBR", "SBER"));
 }
-TEST(HubPendingStepsTest, DISABLED_BaseAssetsAreFilled) { EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets")); }
+TEST(HubPendingStepsTest, BaseAssetsAreFilled) {
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets"));
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseDerivativesBaseAssets"));
+  TStorageHub hub("[BaseAssets]\nSI=USD000UTSTOM,1000\n", 2);
+  ASSERT_EQ(hub.GetBaseAssetsSections().size(), 1u);
+  const DL::TBaseAssetsSection& section = hub.GetBaseAssetsSections().begin()->second;
+  ASSERT_EQ(section.assets.size(), 1u);
+  EXPECT_EQ(section.assets[0].first, "SI");
+  EXPECT_EQ(section.assets[0].second.spots.at(0).first, "USD000UTSTOM");
+  EXPECT_DOUBLE_EQ(section.assets[0].second.spots.at(0).second, 1000.0);
+}
 TEST(HubPendingStepsTest, BoardTariffsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBoardTariffs"));
   TStorageHub hub("[BOARDCOMMISSION]\nTQBR=0.005\n", 2);
