@@ -220,7 +220,6 @@ void TStorageHub::ParseSectionsByGlobalMap() {
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;
-    out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildClientMarginRestrictionsCache");
     out.push_back("BuildSecurityRestrictionsCache");
     out.push_back("BuildRestrictionsCache");
@@ -231,7 +230,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("FillBoardTariffs");
     out.push_back("ParseUserIdSecuritiesAndFloodControl");
     out.push_back("ParseTagSections");
-    out.push_back("ParseTariffPlans");
     out.push_back("ParseLateSectionsBeforeClientCVal");
     out.push_back("ParseLateSectionsAfterClientCVal");
     out.push_back("ParseChangeFutClientCodes");
