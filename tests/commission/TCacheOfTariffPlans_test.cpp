@@ -1,0 +1,75 @@
+#include "commission/TCacheOfTariffPlans.h"
+
+#include <gtest/gtest.h>
+
+#include "commission/TCacheOfTariffPlansWithCommRates.h"
+
+namespace DL {
+namespace {
+
+TEST(TariffPlansTest, ThePlansSectionNamesPlansGroupsAndTheDefaultPlan) {
+  TCacheOfTariffPlans plans;
+  ASSERT_TRUE(plans.ParseSection("CommissionScaleBoards", {{"p1", "G1, g2"}, {"P2", "G3"}, {"DefaultTP", "p1"}}));
+  EXPECT_EQ(plans.GetAllPlanesNames(), (std::vector<std::string>{"P1", "P2"}));
+  EXPECT_EQ(plans.GetDefaultPlan(), "P1");
+  ASSERT_NE(plans.GetPlan("p1"), nullptr);
+  EXPECT_EQ(plans.GetPlan("p1")->groups, (std::vector<std::string>{"G1", "G2"}));
+  EXPECT_EQ(plans.GetPlan("P3"), nullptr);
+}
+
+TEST(TariffPlansTest, OtherSectionsAreNotTaken) {
+  TCacheOfTariffPlans plans;
+  EXPECT_FALSE(plans.ParseSection("CommissionScale", {{"100", "1"}}));
+  EXPECT_FALSE(plans.ParseSection("CommissionScaleBoards_", {{"G", "B"}}));
+  EXPECT_TRUE(plans.Empty());
+}
+
+TEST(TariffPlansTest, ClassCodesAreTheBoardsOfThePlanLessTheProhibited) {
+  TCacheOfTariffPlans plans;
+  ASSERT_TRUE(plans.ParseSection("commissionscaleboards_p1",
+                                 {{"G1", "TQBR,TQOB"}, {"G2", "tqcb"}, {"PROHIBITED_BOARDS", "TQOB"}}));
+  EXPECT_EQ(plans.CollectClassCodes("P1"), (std::set<std::string>{"TQBR", "TQCB"}));
+  EXPECT_TRUE(plans.SetClassCodes("p1", {"TQBR"}));
+  EXPECT_EQ(plans.GetPlan("P1")->classCodes, std::set<std::string>{"TQBR"});
+}
+
+TEST(TariffPlansTest, ClassCodesOfAnUnknownPlanAreRefused) {
+  TCacheOfTariffPlans plans;
+  EXPECT_FALSE(plans.SetClassCodes("NOPE", {"TQBR"}));
+  EXPECT_TRUE(plans.CollectClassCodes("NOPE").empty());
+}
+
+TEST(TariffPlansTest, MakeStringWritesThePlansTheirBoardsAndTheirScales) {
+  TCacheOfTariffPlans plans;
+  TCacheOfTariffPlansWithCommRates rates;
+  ASSERT_TRUE(plans.ParseSection("CommissionScaleBoards", {{"p1", "G1,G2"}, {"DefaultTP", "p1"}}));
+  ASSERT_TRUE(plans.ParseSection("CommissionScaleBoards_P1", {{"G1", "TQBR,TQOB"}}));
+  ASSERT_TRUE(rates.ParseSection("tpP1_bdG1_CommissionScale", {{"MinValue", "5"}, {"1000", "0.5"}}));
+  plans.SetTariffPlaneCache(&rates);
+  std::string out;
+  std::vector<std::string> sections;
+  plans.MakeString(out, sections);
+  EXPECT_EQ(out,
+            "[CommissionScaleBoards]\n"
+            "DefaultTP=P1\n"
+            "P1=G1,G2\n"
+            "[CommissionScaleBoards_P1]\n"
+            "G1=TQBR,TQOB\n"
+            "[tpP1_bdG1_CommissionScale]\n"
+            "MinValue=5.0000000000\n"
+            "1000.0000000000=0.5000000000\n");
+  EXPECT_EQ(sections, (std::vector<std::string>{"CommissionScaleBoards", "CommissionScaleBoards_P1",
+                                                "tpP1_bdG1_CommissionScale"}));
+}
+
+TEST(TariffPlansTest, NoPlansWriteNothing) {
+  TCacheOfTariffPlans plans;
+  std::string out;
+  std::vector<std::string> sections;
+  plans.MakeString(out, sections);
+  EXPECT_EQ(out, "");
+  EXPECT_TRUE(sections.empty());
+}
+
+}  // namespace
+}  // namespace DL
