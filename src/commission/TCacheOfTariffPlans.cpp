@@ -39,10 +39,12 @@ bool TCacheOfTariffPlans::ParseSection(const std::string& name, const TIniKeyMap
       if (keyUp.empty()) continue;
       if (keyUp == defaultUp) {
         m_defaultPlan = StrUpper(TrimStr(value));
-        m_defaultPlanText = value;
+        m_defaultPlanText = TrimStr(value);
         continue;
       }
-      m_plans[keyUp].groups = UpperItems(value);
+      TPlan& plan = m_plans[keyUp];
+      plan.name = TrimStr(key);
+      plan.groups = UpperItems(value);
     }
     return true;
   }
@@ -97,12 +99,12 @@ void TCacheOfTariffPlans::MakeString(std::string& out, std::vector<std::string>&
     bool anyLine = false;
     std::string lines;
     if (!m_defaultPlan.empty()) {
-      AppendLine(lines, TIniParser::GetPartIniParamCode(TIniParser::ppcDefaultTP), m_defaultPlan);
+      AppendLine(lines, TIniParser::GetPartIniParamCode(TIniParser::ppcDefaultTP), m_defaultPlanText);
       anyLine = true;
     }
     for (const auto& [name, plan] : m_plans) {
       if (plan.groups.empty()) continue;
-      AppendLine(lines, name, ListToString(plan.groups));
+      AppendLine(lines, plan.name.empty() ? name : plan.name, ListToString(plan.groups));
       anyLine = true;
     }
     if (anyLine || m_hasPlansSection) {

@@ -21,6 +21,7 @@ class TCacheOfTariffPlans {
   // One plan: its board groups and, when the text has a boards section for
   // it, that section's lines.
   struct TPlan {
+    std::string name;                 // the key as written in "CommissionScaleBoards"
     std::vector<std::string> groups;  // upper case, in list order
     bool hasBoardsSection = false;
     std::string boardsSection;        // the name as written
@@ -48,7 +49,7 @@ class TCacheOfTariffPlans {
   void SetTariffPlaneCache(const TCacheOfTariffPlansWithCommRates* rates) { m_rates = rates; }
 
   // The plans as settings text: "[CommissionScaleBoards]" with "DefaultTP"
-  // first and one line per plan, each plan's boards section, and the scale
+  // first and one line per plan (names as written, groups upper case), each plan's boards section, and the scale
   // section of each plan and group from the linked cache. The names of the
   // sections written are added to `sections` (as written in the text, or as
   // composed for a section the text did not have).

@@ -51,8 +51,8 @@ TEST(TariffPlansTest, MakeStringWritesThePlansTheirBoardsAndTheirScales) {
   plans.MakeString(out, sections);
   EXPECT_EQ(out,
             "[CommissionScaleBoards]\n"
-            "DefaultTP=P1\n"
-            "P1=G1,G2\n"
+            "DefaultTP=p1\n"
+            "p1=G1,G2\n"
             "[CommissionScaleBoards_P1]\n"
             "G1=TQBR,TQOB\n"
             "[tpP1_bdG1_CommissionScale]\n"

@@ -144,8 +144,8 @@ TEST(HubTariffPlanSaveTest, TariffPlansSurviveASaveAndANewLoad) {
   TStorageHub first(kPlansText, 2);
   ExpectPlansAsLoaded(first);
   const std::string saved = ztest::SavedText(first);
-  EXPECT_NE(saved.find("P1=G1,G2\r\n"), std::string::npos) << saved;
-  EXPECT_NE(saved.find("DefaultTP=P1\r\n"), std::string::npos) << saved;
+  EXPECT_NE(saved.find("p1=G1,G2\r\n"), std::string::npos) << saved;
+  EXPECT_NE(saved.find("DefaultTP=p1\r\n"), std::string::npos) << saved;
   EXPECT_NE(saved.find("[tpP1_bdG1_CommissionScale]\r\n"), std::string::npos) << saved;
   EXPECT_NE(saved.find("MinValue=5.0000000000\r\n"), std::string::npos) << saved;
   EXPECT_NE(saved.find("500.0000000000=0.7000000000\r\n"), std::string::npos) << saved;

@@ -3,6 +3,8 @@
 // the same before and after.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <filesystem>
 #include <map>
 #include <random>
@@ -77,10 +79,18 @@ void ExpectSameGeneralSettings(const TStorageHub& a, const TStorageHub& b) {
 bool IsWrittenFromHubFields(const std::string& name) {
   static const char* const kNames[] = {"General", "GlobalProhibedTrdAcc", "ProhibitOrders", "AddZadolgBoards",
                                        "AddMultiCurrency", "CommissionCurrency", "ComplexFIApprovedClients",
-                                       "ComplexInstruments", "GroupsOfInstrumentsAndClasses"};
+                                       "ComplexInstruments", "GroupsOfInstrumentsAndClasses", "CommissionScale"};
   for (const char* n : kNames)
     if (DL::IsSameSettingsName(name, n)) return true;
-  return false;
+  std::string plan, group;  // a tariff plan's scale, written from its parsed home
+  return DL::TCacheOfTariffPlansWithCommRates::SplitSectionName(name, plan, group);
+}
+
+// A commission scale as comparable values.
+auto ScaleValues(const DL::TCommScale& s) {
+  std::vector<std::pair<double, double>> rows;
+  for (const DL::TScaleRate& r : s.rates) rows.emplace_back(r.turnover, r.rate);
+  return std::make_tuple(s.minValue, s.maxValue, s.minVolume, s.tradeCommission, s.considerRepoTerm, rows);
 }
 
 bool IsParsedByGlobalGeneral(const std::string& key) {
@@ -153,6 +163,14 @@ void ExpectSameHubSettings(const TStorageHub& a, const TStorageHub& b) {
   EXPECT_EQ(a.GetCheckUser(), b.GetCheckUser());
   EXPECT_EQ(a.GetExtendedSubClient(), b.GetExtendedSubClient());
   EXPECT_EQ(a.GetSubBrokerGenerateClient(), b.GetSubBrokerGenerateClient());
+  EXPECT_EQ(ScaleValues(*a.GetCommScalesCache().GlobalSettings()), ScaleValues(*b.GetCommScalesCache().GlobalSettings()));
+  const auto& scalesA = a.GetTariffPlansWithCommRates().Scales();
+  const auto& scalesB = b.GetTariffPlansWithCommRates().Scales();
+  ASSERT_EQ(scalesA.size(), scalesB.size());
+  for (auto x = scalesA.begin(), y = scalesB.begin(); x != scalesA.end(); ++x, ++y) {
+    EXPECT_EQ(x->first, y->first);
+    EXPECT_EQ(ScaleValues(x->second.scale), ScaleValues(y->second.scale));
+  }
 }
 
 // Loads, saves, reloads and saves again; checks the fixed point and that the
