@@ -38,15 +38,19 @@ void TCacheOfClientSettings::ParseGlobalSettings() {
   global->RoundOnDayValue = p.GetIniParamBool(std::string(kGeneralSection), std::string(kRoundOnDayValueKey), false);
   global->ScaleJump = p.GetIniParamBool(std::string(kGeneralSection), std::string(kScaleJumpKey), false);
   if (const TIniKeyMap* keys = p.FindIniSectionRef(kCommissionSection)) global->ParseClassRates(*keys);
+  m_firm = *global;
   SetGlobalSettings(std::move(global));
 }
 
-void TCacheOfClientSettings::SetCommScaleJump(bool value) { GlobalSettings()->ScaleJump = value; }
+void TCacheOfClientSettings::SetCommScaleJump(bool value) {
+  GlobalSettings()->ScaleJump = value;
+  m_firm.ScaleJump = value;
+}
 
 std::unique_ptr<TClientCommSettings> TCacheOfClientSettings::ParseSection(const std::string& section) const {
   const TIniKeyMap* keys = Parser().FindIniSectionRef(section);
   if (keys == nullptr) return nullptr;
-  const TClientCommSettings& global = *GlobalSettings();
+  const TClientCommSettings& global = m_firm;
   auto s = std::make_unique<TClientCommSettings>();
   // The firm's kind, rates and flags stand unless the section says otherwise;
   // the rates by class are the section's own.

@@ -39,6 +39,10 @@ class TCacheOfClientSettings : public AIniSettingCacheMaster<TClientCommSettings
   std::unique_ptr<TClientCommSettings> ParseSection(const std::string& section) const;
 
   TIniLogicParser m_logic;
+  // The firm's settings as parsed: the firm's object is also the answer for
+  // clients without a section, and ClientCommSettings writes its result
+  // fields into it, so sections parsed later start from this copy.
+  TClientCommSettings m_firm;
   mutable TParsedSections<TClientCommSettings> m_parsed;  // by section name
 };
 

@@ -107,6 +107,17 @@ TEST_F(ClientSettingsCacheTest, TheLongestPrefixSectionIsTakenAndEntered) {
   EXPECT_EQ(cache->ItemTable().size(), 2u);
 }
 
+TEST_F(ClientSettingsCacheTest, ASectionStartsFromTheFirmsSettingsAsParsed) {
+  Load("[Commission]\nBroker=0.3\nTQBR_TRADE=0.01\n[clC1]\nA=1\n");
+  // The answer for a class is written into the firm's object...
+  ASSERT_TRUE(cache->GlobalSettings()->ApplyClassRate("TQBR"));
+  EXPECT_EQ(cache->GlobalSettings()->CommKind, CommKindTrade);
+  // ...but a section parsed afterwards starts from the firm's kind and rate.
+  const TClientCommSettings* s = Get("C1");
+  EXPECT_EQ(s->CommKind, CommKindFixed);
+  EXPECT_DOUBLE_EQ(s->FixedRate, 0.3);
+}
+
 TEST_F(ClientSettingsCacheTest, TheCacheHasALogicParserOfItsOwn) {
   Load("[clC1]\nA=1\n");
   (void)Get("C1");

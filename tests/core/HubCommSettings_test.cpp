@@ -29,6 +29,14 @@ TEST(HubClientCommSettingsTest, WithoutAnySettingTheRateIsFixedAtHalfAPerCent) {
   EXPECT_FALSE(s.HasClassRate);
 }
 
+TEST(HubClientCommSettingsTest, NullCodesAnswerWithTheFirmsSettings) {
+  TStorageHub hub("[Commission]\nBroker=0.4\n[clC1]\nTQBR_FIXED=2\n", 2);
+  const TClientCommSettings& s = hub.ClientCommSettings(nullptr, nullptr, nullptr, -1.0, false);
+  EXPECT_EQ(&s, hub.GetClientSettingsCache().GlobalSettings());
+  EXPECT_EQ(s.CommKind, DL::CommKindFixed);
+  EXPECT_DOUBLE_EQ(s.FixedRate, 0.4);
+}
+
 TEST(HubClientCommSettingsTest, AClassWithFixedAndTradeRatesTakesTheFixedRate) {
   TStorageHub hub("[clC1]\nTQBR_TRADE=0.01\nTQBR_FIXED=1.25\n", 2);
   const TClientCommSettings& s = Ask(hub, "C1", "tqbr");
