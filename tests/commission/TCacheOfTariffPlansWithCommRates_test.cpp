@@ -7,7 +7,14 @@
 namespace DL {
 namespace {
 
-TEST(TariffPlanScalesTest, APlanScaleNameSplitsIntoPlanAndGroup) {
+// The names of sections and parameters are filled by the first parser of the
+// process; each test may run alone.
+class TariffPlanScalesTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { TIniParser catalogue("", TIniParser::SourceText, ';', 1); }
+};
+
+TEST_F(TariffPlanScalesTest, APlanScaleNameSplitsIntoPlanAndGroup) {
   std::string plan, group;
   ASSERT_TRUE(TCacheOfTariffPlansWithCommRates::SplitSectionName("tpP1_bdTQBR_CommissionScale", plan, group));
   EXPECT_EQ(plan, "P1");
@@ -17,7 +24,7 @@ TEST(TariffPlanScalesTest, APlanScaleNameSplitsIntoPlanAndGroup) {
   EXPECT_EQ(group, "G");
 }
 
-TEST(TariffPlanScalesTest, OtherNamesAreNoPlanScales) {
+TEST_F(TariffPlanScalesTest, OtherNamesAreNoPlanScales) {
   std::string plan, group;
   EXPECT_FALSE(TCacheOfTariffPlansWithCommRates::SplitSectionName("bdTQBR_CommissionScale", plan, group));
   EXPECT_FALSE(TCacheOfTariffPlansWithCommRates::SplitSectionName("tp_bdTQBR_CommissionScale", plan, group));
@@ -28,7 +35,7 @@ TEST(TariffPlanScalesTest, OtherNamesAreNoPlanScales) {
   EXPECT_TRUE(cache.Scales().empty());
 }
 
-TEST(TariffPlanScalesTest, TheSectionIsReadIntoAScaleWithSortedRows) {
+TEST_F(TariffPlanScalesTest, TheSectionIsReadIntoAScaleWithSortedRows) {
   TCacheOfTariffPlansWithCommRates cache;
   ASSERT_TRUE(cache.ParseSection("tpP1_bdTQBR_CommissionScale", {{"minvalue", "5"},
                                                                   {"MaxValue", "0"},
@@ -49,7 +56,7 @@ TEST(TariffPlanScalesTest, TheSectionIsReadIntoAScaleWithSortedRows) {
   EXPECT_EQ(cache.GetScale("P1", "TQOB"), nullptr);
 }
 
-TEST(TariffPlanScalesTest, ConsiderRepoTermIsTrueOnlyForOne) {
+TEST_F(TariffPlanScalesTest, ConsiderRepoTermIsTrueOnlyForOne) {
   TCacheOfTariffPlansWithCommRates cache;
   ASSERT_TRUE(cache.ParseSection("tpP_bdG_CommissionScale", {{"ConsiderRepoTerm", "1"}}));
   EXPECT_TRUE(cache.GetScale("P", "G")->considerRepoTerm);

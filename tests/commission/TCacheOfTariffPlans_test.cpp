@@ -7,7 +7,14 @@
 namespace DL {
 namespace {
 
-TEST(TariffPlansTest, ThePlansSectionNamesPlansGroupsAndTheDefaultPlan) {
+// The names of sections and parameters are filled by the first parser of the
+// process; each test may run alone.
+class TariffPlansTest : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { TIniParser catalogue("", TIniParser::SourceText, ';', 1); }
+};
+
+TEST_F(TariffPlansTest, ThePlansSectionNamesPlansGroupsAndTheDefaultPlan) {
   TCacheOfTariffPlans plans;
   ASSERT_TRUE(plans.ParseSection("CommissionScaleBoards", {{"p1", "G1, g2"}, {"P2", "G3"}, {"DefaultTP", "p1"}}));
   EXPECT_EQ(plans.GetAllPlanesNames(), (std::vector<std::string>{"P1", "P2"}));
@@ -17,14 +24,14 @@ TEST(TariffPlansTest, ThePlansSectionNamesPlansGroupsAndTheDefaultPlan) {
   EXPECT_EQ(plans.GetPlan("P3"), nullptr);
 }
 
-TEST(TariffPlansTest, OtherSectionsAreNotTaken) {
+TEST_F(TariffPlansTest, OtherSectionsAreNotTaken) {
   TCacheOfTariffPlans plans;
   EXPECT_FALSE(plans.ParseSection("CommissionScale", {{"100", "1"}}));
   EXPECT_FALSE(plans.ParseSection("CommissionScaleBoards_", {{"G", "B"}}));
   EXPECT_TRUE(plans.Empty());
 }
 
-TEST(TariffPlansTest, ClassCodesAreTheBoardsOfThePlanLessTheProhibited) {
+TEST_F(TariffPlansTest, ClassCodesAreTheBoardsOfThePlanLessTheProhibited) {
   TCacheOfTariffPlans plans;
   ASSERT_TRUE(plans.ParseSection("commissionscaleboards_p1",
                                  {{"G1", "TQBR,TQOB"}, {"G2", "tqcb"}, {"PROHIBITED_BOARDS", "TQOB"}}));
@@ -33,13 +40,13 @@ TEST(TariffPlansTest, ClassCodesAreTheBoardsOfThePlanLessTheProhibited) {
   EXPECT_EQ(plans.GetPlan("P1")->classCodes, std::set<std::string>{"TQBR"});
 }
 
-TEST(TariffPlansTest, ClassCodesOfAnUnknownPlanAreRefused) {
+TEST_F(TariffPlansTest, ClassCodesOfAnUnknownPlanAreRefused) {
   TCacheOfTariffPlans plans;
   EXPECT_FALSE(plans.SetClassCodes("NOPE", {"TQBR"}));
   EXPECT_TRUE(plans.CollectClassCodes("NOPE").empty());
 }
 
-TEST(TariffPlansTest, MakeStringWritesThePlansTheirBoardsAndTheirScales) {
+TEST_F(TariffPlansTest, MakeStringWritesThePlansTheirBoardsAndTheirScales) {
   TCacheOfTariffPlans plans;
   TCacheOfTariffPlansWithCommRates rates;
   ASSERT_TRUE(plans.ParseSection("CommissionScaleBoards", {{"p1", "G1,G2"}, {"DefaultTP", "p1"}}));
@@ -62,7 +69,7 @@ TEST(TariffPlansTest, MakeStringWritesThePlansTheirBoardsAndTheirScales) {
                                                 "tpP1_bdG1_CommissionScale"}));
 }
 
-TEST(TariffPlansTest, NoPlansWriteNothing) {
+TEST_F(TariffPlansTest, NoPlansWriteNothing) {
   TCacheOfTariffPlans plans;
   std::string out;
   std::vector<std::string> sections;
