@@ -223,9 +223,7 @@ void TStorageHub::ParseSectionsByGlobalMap() {
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;
-    out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildRestrictionsCache");
-    out.push_back("ParseTariffPlans");
     out.push_back("ParseVolumeBasedCommission");
     out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
 #define ZDL_HUB_PARSER_Hub(function)

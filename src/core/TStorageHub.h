@@ -16,6 +16,11 @@
 #include "core/HubSectionLists.h"
 #include "commission/TBoardTariffs.h"
 #include "core/TBaseAssets.h"
+#include "commission/TCacheOfClientSettings.h"
+#include "commission/TCacheOfCommScales.h"
+#include "commission/TCacheOfCommScalesBoards.h"
+#include "commission/TCacheOfTariffPlans.h"
+#include "commission/TCacheOfTariffPlansWithCommRates.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
@@ -687,6 +692,43 @@ class TStorageHub {
   TPortRiskSections m_portRiskSections;
   TBaseAssetsSections m_baseAssetsSections;
   TCodeToList m_derivativesBaseAssets;
+  // ---- Commission settings, scales and tariff plans ----
+ public:
+  // The broker's commission of a client for one class: the client's cached
+  // settings (its section, template, prefix section or the firm's), completed
+  // for this class. The rate by class is looked up first (fixed, trade,
+  // trade-max, per security, per lot, two rates), then, unless a repo class
+  // with a repo broker commission, the "DEFAULT" rate; otherwise the firm's
+  // kind: a scale when "UseCommissionScale" is 1, else the fixed "Broker"
+  // rate of "Commission" (0.5 by default). With a scale, each board of the
+  // list (the class code without one) is tried for a board scale, and the
+  // boards sharing the scale are kept (CommissionScaleBoards). The reference
+  // points into the cache and its result fields are rewritten by the next
+  // call: callers of one client must be serialised.
+  TClientCommSettings& ClientCommSettings(const char* client, const char* classCode, const char* boardList,
+                                          double leverage, bool isRepo);
+  // The boards that share the scale found for the client and class.
+  std::vector<std::string> CommissionScaleBoards(const char* client, const char* classCode, const char* group,
+                                                 double leverage, bool isRepo);
+  // "UseCommissionScale" of "General" is 1.
+  bool UseCommissionScale() const;
+  TCacheOfClientSettings& GetClientSettingsCache() const { return *m_clientSettingsCache; }
+  TCacheOfCommScales& GetCommScalesCache() const { return *m_commScalesCache; }
+  const TCacheOfCommScalesBoards& GetCommScalesBoardsCache() const { return *m_commScalesBoardsCache; }
+  TCacheOfTariffPlans& GetTariffPlans() { return m_tariffPlans; }
+  const TCacheOfTariffPlans& GetTariffPlans() const { return m_tariffPlans; }
+  TCacheOfTariffPlansWithCommRates& GetTariffPlansWithCommRates() { return m_tariffPlansWithCommRates; }
+  const TCacheOfTariffPlansWithCommRates& GetTariffPlansWithCommRates() const { return m_tariffPlansWithCommRates; }
+  // The boards kept by the last scale lookup of ClientCommSettings.
+  const std::vector<std::string>& GetCommScaleBoardList() const { return m_commScaleBoardList; }
+
+ private:
+  std::unique_ptr<TCacheOfClientSettings> m_clientSettingsCache;  // with its own logic parser
+  std::unique_ptr<TCacheOfCommScales> m_commScalesCache;
+  std::unique_ptr<TCacheOfCommScalesBoards> m_commScalesBoardsCache;
+  TCacheOfTariffPlans m_tariffPlans;
+  TCacheOfTariffPlansWithCommRates m_tariffPlansWithCommRates;
+  std::vector<std::string> m_commScaleBoardList;  // written by ClientCommSettings
 };
 
 }  // namespace DL

@@ -3,6 +3,8 @@
 // the same before and after.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <filesystem>
 #include <map>
 #include <random>
@@ -81,10 +83,20 @@ bool IsWrittenFromHubFields(const std::string& name) {
                                        // written from the global security restrictions
                                        "RestrictSecurity", "RestrictOpenSecurity", "PriceLimit", "SecPriceLimit",
                                        "Soft_PriceLimit", "Soft_SecPriceLimit", "AllowedPartnersAndSettleCodes",
-                                       "ProhibitedPartnersAndSettleCodes", "Soft_ProhibitedPartnersAndSettleCodes"};
+                                       "ProhibitedPartnersAndSettleCodes", "Soft_ProhibitedPartnersAndSettleCodes",
+                                       // written from the parsed firm scale
+                                       "CommissionScale"};
   for (const char* n : kNames)
     if (DL::IsSameSettingsName(name, n)) return true;
-  return false;
+  std::string plan, group;  // a tariff plan's scale, written from its parsed home
+  return DL::TCacheOfTariffPlansWithCommRates::SplitSectionName(name, plan, group);
+}
+
+// A commission scale as comparable values.
+auto ScaleValues(const DL::TCommScale& s) {
+  std::vector<std::pair<double, double>> rows;
+  for (const DL::TScaleRate& r : s.rates) rows.emplace_back(r.turnover, r.rate);
+  return std::make_tuple(s.minValue, s.maxValue, s.minVolume, s.tradeCommission, s.considerRepoTerm, rows);
 }
 
 bool IsParsedByGlobalGeneral(const std::string& key) {
@@ -161,6 +173,14 @@ void ExpectSameHubSettings(const TStorageHub& a, const TStorageHub& b) {
   ASSERT_NE(b.GetSecurityRestrictionsCache(), nullptr);
   EXPECT_EQ(*a.GetSecurityRestrictionsCache()->GetGlobalSettings(),
             *b.GetSecurityRestrictionsCache()->GetGlobalSettings());
+  EXPECT_EQ(ScaleValues(*a.GetCommScalesCache().GlobalSettings()), ScaleValues(*b.GetCommScalesCache().GlobalSettings()));
+  const auto& scalesA = a.GetTariffPlansWithCommRates().Scales();
+  const auto& scalesB = b.GetTariffPlansWithCommRates().Scales();
+  ASSERT_EQ(scalesA.size(), scalesB.size());
+  for (auto x = scalesA.begin(), y = scalesB.begin(); x != scalesA.end(); ++x, ++y) {
+    EXPECT_EQ(x->first, y->first);
+    EXPECT_EQ(ScaleValues(x->second.scale), ScaleValues(y->second.scale));
+  }
 }
 
 // Loads, saves, reloads and saves again; checks the fixed point and that the

@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
@@ -260,8 +261,15 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
 
 // Steps whose parsed home is a later stage of the library. Each becomes a
 // real test of its behaviour when its store exists; until then it fails.
-TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
+TEST(HubPendingStepsTest, ClientSettingsCachesAreBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientSettingsCaches"));
+  TStorageHub hub("[Commission]\nBroker=0.3\n[CommissionScale]\n100=0.1\n[bdTQBR_CommissionScale]\n100=0.2\n", 2);
+  EXPECT_DOUBLE_EQ(hub.GetClientSettingsCache().GlobalSettings()->FixedRate, 0.3);
+  EXPECT_EQ(hub.GetCommScalesCache().GlobalSettings()->rates.size(), 1u);
+  EXPECT_EQ(hub.GetCommScalesCache().BoardScaleCount(), 1u);
+  EXPECT_EQ(hub.GetCommScalesBoardsCache().GetIniSetting("", "TQBR").boards, std::vector<std::string>{"TQBR"});
+}
+TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
 }
 TEST(HubPendingStepsTest, SecurityRestrictionsCacheIsBuiltAtLoad) {
@@ -327,8 +335,14 @@ TEST(HubPendingStepsTest, TagSectionsAreParsed) {
   TStorageHub hub("[BoardTag]\nEQTV=TQBR\n", 2);
   EXPECT_TRUE(hub.GetBoardTag().Contains("EQTV", "TQBR"));
 }
-TEST(HubPendingStepsTest, DISABLED_TariffPlansAreParsed) {
+TEST(HubPendingStepsTest, TariffPlansAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseTariffPlans"));
+  TStorageHub hub("[CommissionScaleBoards]\nP1=G1\nDefaultTP=P1\n[CommissionScaleBoards_P1]\nG1=TQBR\n"
+                  "[tpP1_bdG1_CommissionScale]\n100=0.1\n", 2);
+  EXPECT_EQ(hub.GetTariffPlans().GetAllPlanesNames(), std::vector<std::string>{"P1"});
+  EXPECT_EQ(hub.GetTariffPlans().GetDefaultPlan(), "P1");
+  EXPECT_EQ(hub.GetTariffPlans().GetPlan("P1")->classCodes, std::set<std::string>{"TQBR"});
+  EXPECT_NE(hub.GetTariffPlansWithCommRates().GetScale("P1", "G1"), nullptr);
 }
 TEST(HubPendingStepsTest, LateSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsBeforeClientCVal"));
