@@ -289,6 +289,22 @@ int TCacheOfRestrictions::AddTemplate(const std::string& name) {
 
 // ---- Parsing ----
 
+bool TCacheOfRestrictions::ReadsGlobalLine(const std::string& section, const std::string& key,
+                                           const std::string& value) {
+  const std::string sectionUp = StrUpper(section);
+  if (m_globalParse.count(sectionUp) == 0) return false;
+  if (StrUpper(key) == kBasePeriodUp &&
+      (sectionUp == TIniParser::GetIniSectCodeUp(iscRestOrdVolumeByAvgTurnover) ||
+       sectionUp == TIniParser::GetIniSectCodeUp(iscSoft_RestOrdVolumeByAvgTurnover)))
+    return true;
+  auto f = m_templateParse.find(sectionUp + "_");
+  if (f == m_templateParse.end()) f = m_templateParse.find(sectionUp);
+  if (f == m_templateParse.end()) return false;
+  TRestrictions scratch;
+  (this->*(f->second))(&scratch, key, value);
+  return !(scratch == TRestrictions());
+}
+
 void TCacheOfRestrictions::ParseSettings(TRestrictions* r, const TIniKeyMap& keys) {
   *r = TRestrictions();
   for (const auto& [key, value] : keys) {

@@ -77,6 +77,11 @@ class TCacheOfRestrictions {
   // a key that matches none is ignored.
   void ParseSettings(TRestrictions* r, const TIniKeyMap& keys);
 
+  // Whether the line of a global section would be read into an object on
+  // its own (the save keeps the lines that are not, as they stand). False
+  // for a section that has no global function.
+  bool ReadsGlobalLine(const std::string& section, const std::string& key, const std::string& value);
+
   // The beginning and ending of restriction template section names.
   static const std::string kSectBeginning;  // "cl"
   static const std::string kSectEnding;     // "_Restriction_Template"

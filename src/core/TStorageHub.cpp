@@ -223,7 +223,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("BuildClientSettingsCaches");
     out.push_back("BuildClientMarginRestrictionsCache");
     out.push_back("BuildSecurityRestrictionsCache");
-    out.push_back("BuildRestrictionsCache");
     out.push_back("ParseCurrencyReplacement");
     out.push_back("ParsePortfolioRiskConfigs");
     out.push_back("ParseOldFormSectionLists");
@@ -235,7 +234,6 @@ const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
     out.push_back("ParseLateSectionsBeforeClientCVal");
     out.push_back("ParseLateSectionsAfterClientCVal");
     out.push_back("ParseChangeFutClientCodes");
-    out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
 #define ZDL_HUB_PARSER_Pending(function) out.push_back(#function);
@@ -347,7 +345,7 @@ void TStorageHub::ReloadRestrictionTemplates(const TIniParser& source) {
   m_logicParser = std::make_unique<TIniLogicParser>(*m_parser);
   m_universalParser = std::make_unique<TUniversalParser>(*m_parser);
   m_universalParser->ParseGlobalSettings();
-  // The restriction templates cache is rebuilt here once it exists.
+  BuildRestrictionsCache();
 }
 
 int TStorageHub::InitLite(const char* text) {

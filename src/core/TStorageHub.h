@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "api/TMemory.h"
+#include "cache/TCacheOfRestrictions.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TUniversalParser.h"
@@ -343,6 +344,23 @@ class TStorageHub {
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
   std::map<int, TUserIdSettings> m_userIdSettings;
+
+  // ---- Restrictions cache ----
+ public:
+  // The parsed order restrictions (global sections and restriction
+  // templates); built at load and rebuilt by InitLite.
+  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictionsCache.get(); }
+  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictionsCache.get(); }
+
+ private:
+  // One restriction setting (the enum of HubRestrictions.cpp): its lines in
+  // a restriction template section, or as a global section its section from
+  // the parsed object (src.restrictions, else the global object); with
+  // globalFromObject false, or no object, the raw section is copied. Lines
+  // of a global section that the object does not read follow as they stand.
+  void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
+                               bool globalFromObject) const;
+  std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
 };
 
 }  // namespace DL

@@ -250,7 +250,6 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
 }
 
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseSectionSubBrokers"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
@@ -262,7 +261,6 @@ TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientSettingsCaches"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildClientMarginRestrictionsCache"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
 }
 TEST(HubPendingStepsTest, DISABLED_CurrencyReplacementIsParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseCurrencyReplacement"));
