@@ -27,6 +27,17 @@ constexpr const char* kFirm =
     "[SecurityRestricted]\nTQBR,S=GAZP\n"
     "[RestOrdVolumeByAvgTurnover]\nBasePeriod=5\nTQBR_INSTR_SBER=10,2,AVG\n"
     "[RestrictREPOByFirstPartSide]\nEQRP,B=SBER\n"
+    "[MinOrderQuantity]\nTQBR=1\n<ALL>_INSTR_SBER=10\n"
+    "[MaxPositionLimit]\nINSTR_SBER=10,5\nINSTR_GAZP=3\n"
+    "[PriceLimitByTime]\nTQBR_INSTR_SBER_TIME_10:00-11:00=3,OPEN,0\nReferencePrice_TQBR=LAST\n"
+    "[Soft_RestOrdVolumeByAvgTurnover]\nBasePeriod=3\nTQBR_INSTR_GAZP=7,1\n"
+    "[ProhibitREPOByFirstPartSideAndTerm]\nEQRP,S,14=TQBR\n"
+    "[Soft_ProhibitREPOByFirstPartSideAndTerm]\nEQRP=<ALL>\n"
+    "[SecurityAllowed]\nTQBR=SBER,GAZP\n"
+    "[Soft_SecurityAllowed]\nTQOB=<ALL>\n"
+    "[Soft_SecurityRestricted]\nTQBR,B=MGNT\n"
+    "[MaxSettleDateByAssetType]\nClassList_TQBR_AssetType_SHARE_Side_B=2\n"
+    "[AccessToComplexInstruments]\nAccessToComplexInstruments=q1,Q2\n"
     "[clT1_Restriction_Template]\nClients=C1,C2\n"
     "MaxOrderQuantity_TQBR,SMAL_INSTR_SBER,GAZP=100\n"
     "MinOrderQuantity_<ALL>_INSTR_<ALL>=5\n"
@@ -131,6 +142,27 @@ TEST(HubRestrictionsTest, GlobalRepoSectionsAreWrittenFromTheGlobalObject) {
       << text;
   // Not read into the global object: copied.
   EXPECT_NE(text.find("[RestrictREPOByFirstPartSide]\r\nEQRP,B=SBER\r\n"), std::string::npos) << text;
+}
+
+TEST(HubRestrictionsTest, EveryGlobalSectionIsReadAtLoad) {
+  TStorageHub hub(kFirm, 2);
+  const TRestrictions& g = hub.GetRestrictionsCache()->GetGlobalSettings();
+  EXPECT_EQ(g.minOrderQuantity.size(), 1u);  // "TQBR=1" names no securities: not read
+  EXPECT_EQ(g.maxPositionLimit.size(), 2u);
+  EXPECT_EQ(g.priceLimitByTime.limits.size(), 1u);
+  EXPECT_EQ(g.softBasePeriod, 3);
+  EXPECT_EQ(g.prohibitRepoByFirstPartSideAndTerm.size(), 1u);
+  EXPECT_EQ(g.softProhibitRepoByFirstPartSideAndTerm.size(), 1u);
+  EXPECT_EQ(g.securityAllowed.size(), 1u);
+  EXPECT_TRUE(g.softSecurityAllowed.at("TQOB").all);
+  EXPECT_EQ(g.maxSettleDate.GetConstRestriction().size(), 1u);
+  EXPECT_EQ(g.accessToComplexInstruments, (std::set<std::string>{"Q1", "Q2"}));
+}
+
+TEST(HubRestrictionsTest, ALineTheGlobalObjectDoesNotReadIsKept) {
+  TStorageHub hub(kFirm, 2);
+  const std::string text = ztest::SavedText(hub);
+  EXPECT_NE(text.find("[MinOrderQuantity]\r\n<ALL>_INSTR_SBER=10\r\nTQBR=1\r\n"), std::string::npos) << text;
 }
 
 TEST(HubRestrictionsTest, InitLiteRebuildsTheCache) {
