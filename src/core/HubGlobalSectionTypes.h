@@ -91,23 +91,23 @@ struct TMinOrderQuantityInSetTime {
 
 // One line of "RestOrdVolumeByAvgTurnover" or its soft twin: "classes
 // _INSTR_ securities = limit in per cent, second number, text".
-struct TRestOrdVolumeByAvgTurnoverItem {
+struct TGlobalRestOrdVolumeItem {
   std::set<std::string> classes;     // upper case
   std::set<std::string> securities;  // upper case
   double limitPercent = -1.0;
   double second = 0.0;
   std::string text;  // upper case
 
-  bool operator==(const TRestOrdVolumeByAvgTurnoverItem&) const = default;
+  bool operator==(const TGlobalRestOrdVolumeItem&) const = default;
 };
 
-struct TRestOrdVolumeByAvgTurnover {
+struct TGlobalRestOrdVolume {
   bool present = false;  // the section is in the text
   int basePeriod = 0;    // "BasePeriod"
-  std::vector<TRestOrdVolumeByAvgTurnoverItem> items;
+  std::vector<TGlobalRestOrdVolumeItem> items;
   TRawLines raw;
 
-  bool operator==(const TRestOrdVolumeByAvgTurnover&) const = default;
+  bool operator==(const TGlobalRestOrdVolume&) const = default;
 };
 
 // One line of "FloodControlByInstrument": "classes_INSTR_securities = count,interval".

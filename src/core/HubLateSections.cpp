@@ -51,14 +51,14 @@ bool ReadCodeList(const std::string& value, std::vector<std::string>& out) {
 }
 
 // One "RestOrdVolumeByAvgTurnover" section into `out`.
-void ReadRestOrdVolume(const TIniKeyMap* keys, TRestOrdVolumeByAvgTurnover& out) {
+void ReadRestOrdVolume(const TIniKeyMap* keys, TGlobalRestOrdVolume& out) {
   out = {};
   if (keys == nullptr) return;
   out.present = true;
   const std::string& basePeriodName = TIniParser::GetIniParamCode(TIniParser::ipcBasePeriod);
   for (const auto& [key, value] : *keys) {
     if (IsSameSettingsName(key, basePeriodName) && ReadWholeInt(TrimStr(value), out.basePeriod)) continue;
-    TRestOrdVolumeByAvgTurnoverItem item;
+    TGlobalRestOrdVolumeItem item;
     const std::vector<std::string> items = BoardListToVector(value, ',', true);
     const bool read = !items.empty() && items.size() <= 3 &&
                       Utils::GetClassListAndSecListFromString(StrUpper(TrimStr(key)), item.classes, item.securities) &&

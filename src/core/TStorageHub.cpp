@@ -223,9 +223,7 @@ void TStorageHub::ParseSectionsByGlobalMap() {
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;
-    out.push_back("BuildRestrictionsCache");
     out.push_back("ParseVolumeBasedCommission");
-    out.push_back("ReloadRestrictionTemplates (TCacheOfRestrictions)");
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
 #define ZDL_HUB_PARSER_Pending(function) out.push_back(#function);
@@ -337,7 +335,7 @@ void TStorageHub::ReloadRestrictionTemplates(const TIniParser& source) {
   m_logicParser = std::make_unique<TIniLogicParser>(*m_parser);
   m_universalParser = std::make_unique<TUniversalParser>(*m_parser);
   m_universalParser->ParseGlobalSettings();
-  // The restriction templates cache is rebuilt here once it exists.
+  BuildRestrictionsCache();
 }
 
 int TStorageHub::InitLite(const char* text) {

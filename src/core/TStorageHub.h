@@ -21,6 +21,7 @@
 #include "commission/TCacheOfCommScalesBoards.h"
 #include "commission/TCacheOfTariffPlans.h"
 #include "commission/TCacheOfTariffPlansWithCommRates.h"
+#include "cache/TCacheOfRestrictions.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
@@ -419,8 +420,8 @@ class TStorageHub {
     return m_floodControlByInstrument;
   }
   const TRawLines& GetGlobalFloodControlByInstrumentRawLines() const { return m_floodControlByInstrumentRaw; }
-  const TRestOrdVolumeByAvgTurnover& GetGlobalRestOrdVolumeByAvgTurnover() const { return m_restOrdVolume; }
-  const TRestOrdVolumeByAvgTurnover& GetGlobalSoftRestOrdVolumeByAvgTurnover() const { return m_softRestOrdVolume; }
+  const TGlobalRestOrdVolume& GetGlobalRestOrdVolumeByAvgTurnover() const { return m_restOrdVolume; }
+  const TGlobalRestOrdVolume& GetGlobalSoftRestOrdVolumeByAvgTurnover() const { return m_softRestOrdVolume; }
   // "ChangeClientCodes": client code -> the code it is changed to.
   const TKeyedSection<std::string>& GetChangeClientCodes() const { return m_changeClientCodes; }
   // Every section whose name begins with "CommissionSettingsCurrency", by
@@ -479,8 +480,8 @@ class TStorageHub {
   TKeyedSection<double> m_clientMarketOrderPercentByClasses;
   std::vector<TFloodControlByInstrument> m_floodControlByInstrument;
   TRawLines m_floodControlByInstrumentRaw;
-  TRestOrdVolumeByAvgTurnover m_restOrdVolume;
-  TRestOrdVolumeByAvgTurnover m_softRestOrdVolume;
+  TGlobalRestOrdVolume m_restOrdVolume;
+  TGlobalRestOrdVolume m_softRestOrdVolume;
   TKeyedSection<std::string> m_changeClientCodes;
   TCommissionSettingsCurrency m_commissionSettingsCurrency;
   TKeyedSection<int> m_futRiskLimitingPrice;
@@ -729,6 +730,22 @@ class TStorageHub {
   TCacheOfTariffPlans m_tariffPlans;
   TCacheOfTariffPlansWithCommRates m_tariffPlansWithCommRates;
   std::vector<std::string> m_commScaleBoardList;  // written by ClientCommSettings
+  // ---- Restrictions cache ----
+ public:
+  // The parsed order restrictions (global sections and restriction
+  // templates); built at load and rebuilt by InitLite.
+  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictionsCache.get(); }
+  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictionsCache.get(); }
+
+ private:
+  // One restriction setting (the enum of HubRestrictions.cpp): its lines in
+  // a restriction template section, or as a global section its section from
+  // the parsed object (src.restrictions, else the global object); with
+  // globalFromObject false, or no object, the raw section is copied. Lines
+  // of a global section that the object does not read follow as they stand.
+  void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
+                               bool globalFromObject) const;
+  std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
 };
 
 }  // namespace DL

@@ -149,7 +149,7 @@ TEST(HubLateSectionsTest, RestOrdVolumeByAvgTurnoverReadsBasePeriodAndUpperCaseI
       "[RestOrdVolumeByAvgTurnover]\nBasePeriod=20\ntqbr_INSTR_sber=10,2.5,abc\nTQTF_INSTR_FXUS=,,\n"
       "[Soft_RestOrdVolumeByAvgTurnover]\nBasePeriod=5\nTQBR_INSTR_GAZP=7\n",
       2);
-  const DL::TRestOrdVolumeByAvgTurnover& hard = hub.GetGlobalRestOrdVolumeByAvgTurnover();
+  const DL::TGlobalRestOrdVolume& hard = hub.GetGlobalRestOrdVolumeByAvgTurnover();
   EXPECT_TRUE(hard.present);
   EXPECT_EQ(hard.basePeriod, 20);
   ASSERT_EQ(hard.items.size(), 2u);
@@ -161,7 +161,7 @@ TEST(HubLateSectionsTest, RestOrdVolumeByAvgTurnoverReadsBasePeriodAndUpperCaseI
   EXPECT_DOUBLE_EQ(hard.items[1].limitPercent, -1.0);
   EXPECT_DOUBLE_EQ(hard.items[1].second, 0.0);
   EXPECT_EQ(hard.items[1].text, "");
-  const DL::TRestOrdVolumeByAvgTurnover& soft = hub.GetGlobalSoftRestOrdVolumeByAvgTurnover();
+  const DL::TGlobalRestOrdVolume& soft = hub.GetGlobalSoftRestOrdVolumeByAvgTurnover();
   EXPECT_EQ(soft.basePeriod, 5);
   ASSERT_EQ(soft.items.size(), 1u);
   EXPECT_DOUBLE_EQ(soft.items[0].limitPercent, 7.0);
@@ -172,7 +172,7 @@ TEST(HubLateSectionsTest, RestOrdVolumeByAvgTurnoverKeepsUnreadableLinesRaw) {
       "[RestOrdVolumeByAvgTurnover]\nBasePeriod=x\nTQBR_INSTR_SBER=\nTQBR_INSTR_GAZP=1,2,3,4\nTQBR=1\n"
       "TQBR_INSTR_LKOH=1y\n",
       2);
-  const DL::TRestOrdVolumeByAvgTurnover& hard = hub.GetGlobalRestOrdVolumeByAvgTurnover();
+  const DL::TGlobalRestOrdVolume& hard = hub.GetGlobalRestOrdVolumeByAvgTurnover();
   EXPECT_EQ(hard.basePeriod, 0);
   EXPECT_TRUE(hard.items.empty());
   EXPECT_EQ(hard.raw.size(), 5u);

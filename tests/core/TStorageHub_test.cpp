@@ -253,7 +253,6 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
 }
 
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
   EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
@@ -269,8 +268,14 @@ TEST(HubPendingStepsTest, ClientSettingsCachesAreBuiltAtLoad) {
   EXPECT_EQ(hub.GetCommScalesCache().BoardScaleCount(), 1u);
   EXPECT_EQ(hub.GetCommScalesBoardsCache().GetIniSetting("", "TQBR").boards, std::vector<std::string>{"TQBR"});
 }
-TEST(HubPendingStepsTest, DISABLED_SettingCachesAreBuiltAtLoad) {
-  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildRestrictionsCache"));
+TEST(HubPendingStepsTest, SettingCachesAreBuiltAtLoad) {
+  for (const char* step : {"BuildClientSettingsCaches", "BuildClientMarginRestrictionsCache",
+                           "BuildSecurityRestrictionsCache", "BuildRestrictionsCache"})
+    EXPECT_FALSE(TStorageHub::IsPendingLoadStep(step)) << step;
+  TStorageHub hub("", 2);
+  EXPECT_NE(hub.GetClientMarginRestrictionsCache(), nullptr);
+  EXPECT_NE(hub.GetSecurityRestrictionsCache(), nullptr);
+  EXPECT_NE(hub.GetRestrictionsCache(), nullptr);
 }
 TEST(HubPendingStepsTest, SecurityRestrictionsCacheIsBuiltAtLoad) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("BuildSecurityRestrictionsCache"));
