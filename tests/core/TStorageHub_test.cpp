@@ -371,8 +371,13 @@ TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
   EXPECT_EQ(hub.GetComplexInstruments().begin()->first, "G2");
   EXPECT_EQ(hub.GetComplexInstruments().begin()->second.instrumentCodes, std::set<std::string>{"SBER"});
 }
-TEST(HubPendingStepsTest, DISABLED_RestrictionsCacheIsRebuiltByInitLite) {
+TEST(HubPendingStepsTest, RestrictionsCacheIsRebuiltByInitLite) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ReloadRestrictionTemplates (TCacheOfRestrictions)"));
+  TStorageHub hub("[clA_Restriction_Template]\nClients=C1\n", 2);
+  ASSERT_TRUE(hub.GetRestrictionsCache()->IsTemplateExist("A"));
+  ASSERT_EQ(hub.InitLite("[clB_Restriction_Template]\nClients=C1\n"), 0);
+  EXPECT_FALSE(hub.GetRestrictionsCache()->IsTemplateExist("A"));
+  EXPECT_TRUE(hub.GetRestrictionsCache()->IsTemplateExist("B"));
 }
 TEST(HubPendingStepsTest, ChangeFutClientCodesAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseChangeFutClientCodes"));
