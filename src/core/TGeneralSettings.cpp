@@ -361,6 +361,14 @@ int TGeneralSettings::GetNumberParam(EGeneralParam code, double& out) const { re
 int TGeneralSettings::GetTextParam(EGeneralParam code, std::string& out) const { return CopyField(code, out); }
 int TGeneralSettings::GetListParam(EGeneralParam code, const TClassList*& out) const { return FindField(code, out); }
 
+int TGeneralSettings::SetFlagParam(EGeneralParam code, bool value) {
+  const bool* field = nullptr;
+  const int rc = FindField(code, field);
+  // The field is a member of this object, which is not const here.
+  if (rc == ZDL_OK) *const_cast<bool*>(field) = value;
+  return rc;
+}
+
 bool TGeneralSettings::FindGeneralParam(std::string_view section, std::string_view key, EGeneralParam& out) {
   for (const TGeneralParamInfo& row : kGeneralParamInfos) {
     if (IsSameSettingsName(key, row.key) && IsSameSettingsName(section, IniSectName(row.section))) {

@@ -141,6 +141,9 @@ class TGeneralSettings {
   [[nodiscard]] int GetNumberParam(EGeneralParam code, double& out) const;
   [[nodiscard]] int GetTextParam(EGeneralParam code, std::string& out) const;
   [[nodiscard]] int GetListParam(EGeneralParam code, const TClassList*& out) const;
+  // Sets a flag by code: 0, or 3 for a code out of range or of another kind
+  // (nothing changes then). The save writes the flag from here.
+  [[nodiscard]] int SetFlagParam(EGeneralParam code, bool value);
 
   // The code of a parameter by section and key, both ignoring case; false if
   // the table has no such row.

@@ -472,6 +472,11 @@ int TStorageHub::SetUsePGOToGlobal(int value) {
   return ZDL_OK;
 }
 
+void TStorageHub::SetCalcNegDealToGlobal(bool value) {
+  (void)m_general.SetFlagParam(gpCalcNegDeal, value);
+  m_parser->FindOrCreateIniSection(kGeneralSection);
+}
+
 // ---- Rendering ----
 
 void TStorageHub::SettingToStrRawSection(std::string& out, const TSettingToStrSource& src) const {

@@ -219,6 +219,10 @@ class TStorageHub {
   // the value read at load until a reload).
   [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
   [[nodiscard]] int SetUsePGOToGlobal(int value);
+  // "CalcNegDeal" of "General" in the parsed model; the next save writes
+  // this value, whatever the text said at load. The section is entered in
+  // the section map when the text had none, so that the save visits it.
+  void SetCalcNegDealToGlobal(bool value);
 
   // The whole settings text in canonical form, as a zero-terminated string of
   // this firm's memory (*out; give it back with FreeMemory). 0 on success, 3

@@ -58,3 +58,33 @@ TEST(HubSaveStepsTest, EverySectionOfTheTextIsWrittenOnce) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(HubSaveModelTest, AFlagSetInTheModelStandsInTheTextAndTheLoadedValueDoesNotReturn) {
+  TStorageHub hub("[General]\nCalcNegDeal=1\nCALCVARMARGIN=1\n", 2);
+  ASSERT_TRUE(hub.General().GetCalcNegDeal());
+  hub.SetCalcNegDealToGlobal(false);
+  const std::string saved = ztest::SavedText(hub);
+  EXPECT_EQ(saved.find("CalcNegDeal"), std::string::npos) << saved;
+  TStorageHub reloaded(saved.c_str(), 2);
+  EXPECT_FALSE(reloaded.General().GetCalcNegDeal());
+  EXPECT_TRUE(reloaded.General().GetCalcVarMargin());
+}
+
+TEST(HubSaveModelTest, AFlagSetOnAFirmWithoutItIsWritten) {
+  TStorageHub hub("", 2);
+  hub.SetCalcNegDealToGlobal(true);
+  EXPECT_EQ(ztest::SavedText(hub), "[General]\r\nCalcNegDeal=1\r\n\r\n");
+}
+
+TEST(HubSaveModelTest, SetFlagParamRefusesACodeOfAnotherKind) {
+  DL::TGeneralSettings general;
+  EXPECT_EQ(general.SetFlagParam(DL::gpCreditLag, true), 3);
+  EXPECT_EQ(general.GetCreditLag(), 1);
+  EXPECT_EQ(general.SetFlagParam(DL::gpCount, true), 3);
+  EXPECT_EQ(general.SetFlagParam(DL::gpCalcNegDeal, true), 0);
+  EXPECT_TRUE(general.GetCalcNegDeal());
+}
+
+}  // namespace
