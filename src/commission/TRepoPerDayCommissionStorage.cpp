@@ -15,11 +15,15 @@ bool TRepoPerDayCommissionStorage::ParseSettingString(const std::string& key, co
   const std::string classCode = keyUp.substr(kPrefixUp.size());
   TRepoCommRates rates;
   if (!ParseRepoCommRates(value, rates)) return false;
+  SetRates(classCode, rates);
+  return true;
+}
+
+void TRepoPerDayCommissionStorage::SetRates(const std::string& classCode, const TRepoCommRates& rates) {
   if (classCode == AllMark)
     m_common = rates;
   else
     m_byClass[classCode] = rates;
-  return true;
 }
 
 bool TRepoPerDayCommissionStorage::GetCommissionRates(const std::string& classCode, TRepoCommRates* out) const {

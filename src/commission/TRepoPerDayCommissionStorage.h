@@ -22,6 +22,8 @@ class TRepoPerDayCommissionStorage {
   // The class's rates if it has its own; otherwise the common rates unless
   // those are not set. False when neither.
   bool GetCommissionRates(const std::string& classCode, TRepoCommRates* out) const;
+  // Sets the class's rates ("<ALL>": the common rates).
+  void SetRates(const std::string& classCode, const TRepoCommRates& rates);
   // The class has a rate of its own.
   bool HasClass(const std::string& classCode) const { return m_byClass.count(classCode) != 0; }
 

@@ -35,11 +35,16 @@ bool TRepoScaleCommissionStorage::ParseSettingString(const std::string& key, con
   if (!ReadTerm(rest.substr(cut + 1), term)) return false;
   TRepoCommRates rates;
   if (!ParseRepoCommRates(value, rates)) return false;
+  SetStep(classCode, term, rates);
+  return true;
+}
+
+void TRepoScaleCommissionStorage::SetStep(const std::string& classCode, std::int16_t term,
+                                          const TRepoCommRates& rates) {
   if (classCode == AllMark)
     m_common[term] = rates;
   else
     m_byClass[classCode][term] = rates;
-  return true;
 }
 
 bool TRepoScaleCommissionStorage::GetCommissionScaleRates(const std::string& classCode, short term,

@@ -29,6 +29,8 @@ class TRepoScaleCommissionStorage {
   // every term is longer. False for an empty scale and for a step found
   // whose kind is not set.
   bool GetCommissionScaleRates(const std::string& classCode, short term, TRepoCommRates* out) const;
+  // Sets one step of the class's scale ("<ALL>": of the common scale).
+  void SetStep(const std::string& classCode, std::int16_t term, const TRepoCommRates& rates);
   // The class has a scale of its own.
   bool HasClass(const std::string& classCode) const { return m_byClass.count(classCode) != 0; }
 
