@@ -63,6 +63,30 @@ bool ParseRepoCommRates(const std::string& value, TRepoCommRates& out) {
   return true;
 }
 
+bool CalcRepoCommission(const TRepoCommRates& found, short term, TRepoCommission& out) {
+  out.BaseCommType = found.CommType.ToBaseCommType();
+  const double days = term != 0 ? static_cast<double>(term) : 1.0;
+  switch (found.CommType.value) {
+    case rctRepoFixed:
+      out.Rate = found.Rate * days;
+      out.Amount = 0.0;
+      return true;
+    case rctRepoTrade:
+      out.Rate = 0.0;
+      out.Amount = found.Amount;
+      return true;
+    case rctRepoTradeMax:
+    case rctRepoTradeSum:
+      out.Rate = found.Rate * days;
+      out.Amount = found.Amount;
+      return true;
+    default:
+      out.Rate = 0.0;
+      out.Amount = 0.0;
+      return false;
+  }
+}
+
 std::string RepoCommRatesToStr(const TRepoCommRates& rates) {
   return std::string(rates.CommType.ToString()) + "," + DoubleToString(rates.Rate) + "," +
          DoubleToString(rates.Amount);

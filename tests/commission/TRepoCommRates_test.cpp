@@ -81,3 +81,63 @@ TEST(RepoCommRatesTest, UnknownKindLeavesTheRatesAlone) {
 
 }  // namespace
 }  // namespace DL
+
+namespace DL {
+namespace {
+
+TRepoCommRates Rates(int type, double rate, double amount) {
+  TRepoCommRates r;
+  r.CommType = type;
+  r.Rate = rate;
+  r.Amount = amount;
+  return r;
+}
+
+TEST(RepoCommissionTest, FixedRateIsPerDayOfTheTerm) {
+  TRepoCommission c;
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoFixed, 0.01, 99.0), 7, c));
+  EXPECT_EQ(c.BaseCommType, 1);
+  EXPECT_DOUBLE_EQ(c.Rate, 0.07);
+  EXPECT_EQ(c.Amount, 0.0);
+}
+
+TEST(RepoCommissionTest, TermOfZeroDoesNotMultiplyTheRate) {
+  TRepoCommission c;
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoFixed, 0.01, 0.0), 0, c));
+  EXPECT_DOUBLE_EQ(c.Rate, 0.01);
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoTradeMax, 0.02, 5.0), 0, c));
+  EXPECT_DOUBLE_EQ(c.Rate, 0.02);
+}
+
+TEST(RepoCommissionTest, TradeIsTheAmountOnly) {
+  TRepoCommission c;
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoTrade, 0.5, 30.0), 10, c));
+  EXPECT_EQ(c.BaseCommType, 3);
+  EXPECT_EQ(c.Rate, 0.0);
+  EXPECT_DOUBLE_EQ(c.Amount, 30.0);
+}
+
+TEST(RepoCommissionTest, SumActsLikeMaxButKeepsItsBaseKind) {
+  TRepoCommission max, sum;
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoTradeMax, 0.02, 5.0), 3, max));
+  ASSERT_TRUE(CalcRepoCommission(Rates(rctRepoTradeSum, 0.02, 5.0), 3, sum));
+  EXPECT_DOUBLE_EQ(max.Rate, 0.06);
+  EXPECT_DOUBLE_EQ(sum.Rate, 0.06);
+  EXPECT_DOUBLE_EQ(max.Amount, 5.0);
+  EXPECT_DOUBLE_EQ(sum.Amount, 5.0);
+  EXPECT_EQ(max.BaseCommType, 4);
+  EXPECT_EQ(sum.BaseCommType, 9);
+}
+
+TEST(RepoCommissionTest, KindNotSetGivesZerosAndFalse) {
+  TRepoCommission c;
+  c.Rate = 5.0;
+  c.Amount = 5.0;
+  EXPECT_FALSE(CalcRepoCommission(Rates(rctNotSet, 0.02, 5.0), 3, c));
+  EXPECT_EQ(c.BaseCommType, 0);
+  EXPECT_EQ(c.Rate, 0.0);
+  EXPECT_EQ(c.Amount, 0.0);
+}
+
+}  // namespace
+}  // namespace DL
