@@ -186,7 +186,8 @@ void TVolumeBasedCommission::ParseFromSection(const TIniKeyMap& keys, TIniKeyMap
         if (code.size() > kClassCodeMax) read = false;
         classes.insert(code);
       }
-      if (read)
+      // A list with no class says nothing: it stays as written.
+      if (read && !classes.empty())
         Set(classes);
       else
         unread[key] = value;

@@ -11,6 +11,7 @@
 //   1000000_S=TRADE_MIN,0.04,50
 // The key of a step is the volume, with "_B" or "_S" for one side; the kind
 // is "FIXED", "TRADE_MAX" or "TRADE_MIN". Lines that do not read this way
+// (also a "Classes" line without a class, or with a code longer than 12)
 // are handed back as unread.
 #include <map>
 #include <set>

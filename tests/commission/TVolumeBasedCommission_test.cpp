@@ -286,3 +286,17 @@ TEST(VolumeCommTextTest, TextReadsBackToTheSameObject) {
 
 }  // namespace
 }  // namespace DL
+
+namespace DL {
+namespace {
+
+TEST(VolumeCommTextTest, ClassListWithoutAClassIsHandedBack) {
+  TVolumeBasedCommission c;
+  TIniKeyMap unread;
+  c.ParseFromSection({{"Classes", " , "}}, unread);
+  EXPECT_TRUE(c.GetAllStrings().empty());
+  EXPECT_EQ(unread, (TIniKeyMap{{"Classes", " , "}}));
+}
+
+}  // namespace
+}  // namespace DL
