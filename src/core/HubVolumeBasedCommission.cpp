@@ -108,29 +108,27 @@ void TStorageHub::SettingToStrGlobalVolumeBasedCommission(std::string& out,
 // raw copy leaves it alone.
 void TStorageHub::AppendVolumeBasedCommissionRows(std::string& text, TWrittenSections& written, int step) const {
   const TIniSectionsMap& sections = m_parser->GetSections();
+  // False for a section an earlier step wrote already.
   auto markWritten = [&](const TVolumeBasedCommissionSection& s) {
     const auto it = sections.find(s.section);
-    if (it != sections.end()) written.insert(&it->first);
+    return it == sections.end() || written.insert(&it->first).second;
   };
   switch (step) {
     case 3:
       for (const auto& [client, list] : m_clientVolumeComm)
         for (const auto& s : list) {
-          SettingToStrClientVolumeBasedCommission(text, s);
-          markWritten(s);
+          if (markWritten(s)) SettingToStrClientVolumeBasedCommission(text, s);
         }
       break;
     case 4:
       for (const auto& [templ, list] : m_templateVolumeComm)
         for (const auto& s : list) {
-          SettingToStrTemplateVolumeBasedCommission(text, s);
-          markWritten(s);
+          if (markWritten(s)) SettingToStrTemplateVolumeBasedCommission(text, s);
         }
       break;
     case 6:
       for (const auto& s : m_globalVolumeComm) {
-        SettingToStrGlobalVolumeBasedCommission(text, s);
-        markWritten(s);
+        if (markWritten(s)) SettingToStrGlobalVolumeBasedCommission(text, s);
       }
       break;
     default:

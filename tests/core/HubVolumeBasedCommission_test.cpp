@@ -250,3 +250,13 @@ TEST(InfoStorageRepoCommTest, NeitherGivesFalse) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(HubVolumeCommSaveTest, NameInAnotherCaseIsReadAndWrittenOnce) {
+  DL::TStorageHub hub("[volumebasedcommission_1]\nClasses=TQBR\n0=FIXED,1,0\n", 2);
+  ASSERT_EQ(hub.GetGlobalVolumeBasedCommission().size(), 1u);
+  EXPECT_EQ(ztest::SavedText(hub), "[volumebasedcommission_1]\r\n0=FIXED,1,0\r\nClasses=TQBR\r\n\r\n");
+}
+
+}  // namespace
