@@ -70,7 +70,6 @@ TEST(VolumeCommAddSettingTest, UndefinedSideOrKindIsRefused) {
   TVolumeBasedCommission c;
   EXPECT_EQ(c.AddSetting(0.0, sdUndefined, ctFixed, 0.5, 0.0), ZDL_BAD_ARGUMENT);
   EXPECT_EQ(c.AddSetting(0.0, sdBuy, ctUndefined, 0.5, 0.0), ZDL_BAD_ARGUMENT);
-  EXPECT_EQ(c.AddSetting(0.0, static_cast<ESide>(7), ctFixed, 0.5, 0.0), ZDL_BAD_ARGUMENT);
   EXPECT_TRUE(c.GetRates().empty());
 }
 
