@@ -44,22 +44,15 @@ bool TwoNumbers(const std::string& value, double& a, double& b) {
 
 }  // namespace
 
-bool TRepoCommissionRows::ParseSettingString(const std::string& key, const std::string& value,
-                                             std::size_t prefixLength) {
-  if (key.size() <= prefixLength) return false;
-  byClass[key.substr(prefixLength)] = value;
-  return true;
-}
-
 void TClientCommSettings::ParseClassRates(const TIniKeyMap& keys) {
   for (const auto& [key, value] : keys) {
     const std::string keyUp = StrUpper(key);
     if (StartsWith(keyUp, kRepoPerDayPrefixUp)) {
-      RepoPerDay.ParseSettingString(keyUp, value, std::char_traits<char>::length(kRepoPerDayPrefixUp));
+      RepoPerDay.ParseSettingString(keyUp, value);
       continue;
     }
     if (StartsWith(keyUp, kRepoScalePrefixUp)) {
-      RepoScale.ParseSettingString(keyUp, value, std::char_traits<char>::length(kRepoScalePrefixUp));
+      RepoScale.ParseSettingString(keyUp, value);
       continue;
     }
     if (StartsWith(keyUp, kRepoBrokerPrefixUp)) {

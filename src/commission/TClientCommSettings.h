@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "commission/TRepoPerDayCommissionStorage.h"
+#include "commission/TRepoScaleCommissionStorage.h"
 #include "ini/TIniParser.h"
 
 namespace DL {
@@ -21,17 +23,6 @@ enum ECommKind : int {
   CommKindPerSecurity = 5,    // "_1SEC": a rate per security
   CommKindPerLot = 6,         // "_TRADELOT": a rate per lot
   CommKindTwoRates = 7,       // "_TRADE_MAX_1SEC": a rate by trade and one per security
-};
-
-// The repo commission rows of a section ("RepoPerDayCommission_<class>" and
-// "RepoScale_<class>"), kept by class code with their value text as written.
-// Their reading into rates and amounts belongs to the volume-based and repo
-// commission; these settings only need to know which classes have one.
-struct TRepoCommissionRows {
-  std::map<std::string, std::string> byClass;  // class code -> value as written
-  // Takes the class code after the prefix; false for a key with no class.
-  bool ParseSettingString(const std::string& key, const std::string& value, std::size_t prefixLength);
-  bool HasClass(const std::string& classCode) const { return byClass.count(classCode) != 0; }
 };
 
 struct TClientCommSettings {
@@ -61,8 +52,8 @@ struct TClientCommSettings {
   std::map<std::string, double> lotRates;                        // "_TRADELOT"
   std::map<std::string, double> secRates;                        // "_1SEC"
   std::set<std::string> repoBrokerClasses;                       // "RepoBroker_<class>"
-  TRepoCommissionRows RepoPerDay;                                // "RepoPerDayCommission_<class>"
-  TRepoCommissionRows RepoScale;                                 // "RepoScale_<class>"
+  TRepoPerDayCommissionStorage RepoPerDay;                       // "RepoPerDayCommission_<class>"
+  TRepoScaleCommissionStorage RepoScale;                         // "RepoScale_<class>_<term>"
 
   // Reads every key of a commission section: repo rows, rates by class
   // suffix and repo broker classes. A key whose value does not fit its

@@ -92,6 +92,7 @@ void TStorageHub::ParseLateSectionsBeforeClientCVal() {
 // its component and no part here.
 void TStorageHub::ParseLateSectionsAfterClientCVal() {
   ParseCommissionSettingsCurrency();
+  ParseVolumeBasedCommission();
   ParseFutRiskLimitingPrice();
   ParsePositionPriceCurrencySection();
   ParseMOEXCommissionExportClassesSection();

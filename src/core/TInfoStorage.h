@@ -5,6 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "commission/TRepoCommRates.h"
+#include "commission/TypeAndRate.h"
+#include "core/DLTypes.h"
 #include "core/TGeneralSettings.h"
 
 class TLogWriter;
@@ -65,6 +68,20 @@ class TInfoStorage {
   [[nodiscard]] int GetBoolParamFromGlobalSection(bool& out, int sect, int num) const;
   [[nodiscard]] int GetIntParamFromGlobalSection(int& out, int sect, int num) const;
   [[nodiscard]] int GetCharParamFromGlobalSection(char& out, int sect, int num) const;
+
+  // ---- Volume-based and repo commission for a host engine ----
+  // The table of the client and class (TStorageHub::FindVolumeBasedCommission):
+  // its highest commission on `value`, 0 without a table; its step for the
+  // volume and side, (3, 0, 0) without one.
+  double CalcMaxVolumeBasedCommission(const char* client, const char* classCode, double value, ESide side,
+                                      short scale) const;
+  TypeAndRate GetEffectiveVolumeBasedCommTypeAndRate(const char* client, const char* classCode, double volume,
+                                                     ESide side) const;
+  // The client's repo commission of the class for a term in days: the scale
+  // of terms first, then the rate per day (CalcRepoCommission). False when
+  // neither is set, or the kind found is not one of the four.
+  bool GetRepoCommByClass(const char* classCode, double leverage, const char* client, short term,
+                          TRepoCommission& out) const;
 
   TStorageHub& Hub() const;
 

@@ -223,7 +223,6 @@ void TStorageHub::ParseSectionsByGlobalMap() {
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;
-    out.push_back("ParseVolumeBasedCommission");
 #define ZDL_HUB_PARSER_Hub(function)
 #define ZDL_HUB_PARSER_Later(function)
 #define ZDL_HUB_PARSER_Pending(function) out.push_back(#function);

@@ -21,6 +21,9 @@
 #include "commission/TCacheOfCommScalesBoards.h"
 #include "commission/TCacheOfTariffPlans.h"
 #include "commission/TCacheOfTariffPlansWithCommRates.h"
+#include "commission/TRepoCommRates.h"
+#include "commission/TVolumeBasedCommission.h"
+#include "commission/TypeAndRate.h"
 #include "cache/TCacheOfRestrictions.h"
 #include "core/TClassList.h"
 #include "core/TGeneralSettings.h"
@@ -750,6 +753,55 @@ class TStorageHub {
   void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
                                bool globalFromObject) const;
   std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
+  // ---- Volume-based commission ----
+ public:
+  // One volume-based commission section as read: its name as written, the
+  // table it holds, and the lines the table does not read, written back as
+  // they stand. Names: "VolumeBasedCommission_<any>" for the firm,
+  // "cl<client>_VolumeBasedCommission_<any>" for a client and
+  // "cl<template>_Client_Template_VolumeBasedCommission_<any>" for a client
+  // template (names compared without regard to case).
+  struct TVolumeBasedCommissionSection {
+    std::string section;
+    TVolumeBasedCommission commission;
+    TRawLines raw;
+    bool operator==(const TVolumeBasedCommissionSection&) const = default;
+  };
+  using TVolumeBasedCommissionSections = std::vector<TVolumeBasedCommissionSection>;  // in section name order
+  using TVolumeBasedCommissionByOwner = std::map<std::string, TVolumeBasedCommissionSections, StringMapComparerFunc>;
+  const TVolumeBasedCommissionSections& GetGlobalVolumeBasedCommission() const { return m_globalVolumeComm; }
+  // By template name.
+  const TVolumeBasedCommissionByOwner& GetTemplateVolumeBasedCommission() const { return m_templateVolumeComm; }
+  // By client code.
+  const TVolumeBasedCommissionByOwner& GetClientVolumeBasedCommission() const { return m_clientVolumeComm; }
+  // The table that holds for the client and class: the client's own
+  // sections, then those of the client's template, then the firm's; in each,
+  // the first section naming the class, else the first standing for all
+  // classes. Null when none does.
+  const TVolumeBasedCommission* FindVolumeBasedCommission(const char* client, const char* classCode) const;
+  // The step of that table for the volume and side; (3, 0, 0) without one.
+  TypeAndRate GetEffectiveVolumeBasedCommTypeAndRate(const char* client, const char* classCode, double volume,
+                                                     ESide side) const;
+  // TVolumeBasedCommission::CalcMaxCommValue of that table; 0 without one.
+  double CalcMaxVolumeBasedCommission(const char* client, const char* classCode, double value, ESide side,
+                                      short scale) const;
+  // The repo commission rates of the class in the client's commission
+  // settings (its section, template, prefix section or the firm's): per day,
+  // and by the scale of terms. False when the settings have none.
+  bool GetRepoPerDayCommissionSettings(const char* client, double leverage, const char* classCode,
+                                       TRepoCommRates* out) const;
+  bool GetRepoScaleByClassesSettings(const char* client, double leverage, const char* classCode, short term,
+                                     TRepoCommRates* out) const;
+  // One section of a client, template or of the firm, from its store.
+  void SettingToStrClientVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
+  void SettingToStrTemplateVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
+  void SettingToStrGlobalVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
+
+ private:
+  void ParseVolumeBasedCommission();  // step 20, after ParseCommissionSettingsCurrency
+  TVolumeBasedCommissionSections m_globalVolumeComm;
+  TVolumeBasedCommissionByOwner m_templateVolumeComm;
+  TVolumeBasedCommissionByOwner m_clientVolumeComm;
 };
 
 }  // namespace DL

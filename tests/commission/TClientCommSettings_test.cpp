@@ -97,16 +97,29 @@ TEST(TClientCommSettingsTest, ASuffixWithoutAClassIsNoRate) {
 }
 
 TEST(TClientCommSettingsTest, RepoRowsAndRepoBrokerClassesMarkRepoClasses) {
-  TClientCommSettings s = Parsed({{"RepoPerDayCommission_EQRP", "0.1,0"},
-                                  {"RepoScale_GCRP", "0.2,5"},
+  TClientCommSettings s = Parsed({{"RepoPerDayCommission_EQRP", "REPOFIXED,0.1,0"},
+                                  {"RepoScale_GCRP_7", "REPOTRADE_MAX,0.2,5"},
                                   {"RepoBroker_PSRP", "1"},
                                   {"RepoBroker", "0.3"}});
   EXPECT_TRUE(s.IsRepoClass("EQRP"));
   EXPECT_TRUE(s.IsRepoClass("gcrp"));
   EXPECT_TRUE(s.IsRepoClass("PSRP"));
   EXPECT_FALSE(s.IsRepoClass("TQBR"));
-  EXPECT_EQ(s.RepoPerDay.byClass.at("EQRP"), "0.1,0");
+  TRepoCommRates perDay;
+  ASSERT_TRUE(s.RepoPerDay.GetCommissionRates("EQRP", &perDay));
+  EXPECT_EQ(perDay.CommType.value, rctRepoFixed);
+  EXPECT_DOUBLE_EQ(perDay.Rate, 0.1);
+  TRepoCommRates scale;
+  ASSERT_TRUE(s.RepoScale.GetCommissionScaleRates("GCRP", 7, &scale));
+  EXPECT_EQ(scale.CommType.value, rctRepoTradeMax);
+  EXPECT_DOUBLE_EQ(scale.Amount, 5.0);
   EXPECT_FALSE(s.HasClassRate);  // repo rows are no rate by class
+}
+
+TEST(TClientCommSettingsTest, RepoRowsThatDoNotReadMarkNoRepoClass) {
+  TClientCommSettings s = Parsed({{"RepoPerDayCommission_EQRP", "0.1,0"}, {"RepoScale_GCRP", "REPOFIXED,0.2,5"}});
+  EXPECT_FALSE(s.IsRepoClass("EQRP"));  // no kind
+  EXPECT_FALSE(s.IsRepoClass("GCRP"));  // no term
 }
 
 }  // namespace

@@ -253,7 +253,11 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
 }
 
 TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
+  EXPECT_TRUE(TStorageHub::PendingLoadSteps().empty());
+  EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
+  TStorageHub hub("[VolumeBasedCommission_1]\nClasses=TQBR\n0=FIXED,0.1,0\n", 2);
+  ASSERT_EQ(hub.GetGlobalVolumeBasedCommission().size(), 1u);
+  EXPECT_TRUE(hub.GetGlobalVolumeBasedCommission()[0].commission.IsClassInList("TQBR"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
 }
@@ -352,9 +356,17 @@ TEST(HubPendingStepsTest, TariffPlansAreParsed) {
 TEST(HubPendingStepsTest, LateSectionsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsBeforeClientCVal"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseLateSectionsAfterClientCVal"));
-  EXPECT_TRUE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
-  TStorageHub hub("[ChangeClientCodes]\nC1=C2\n[MOEXCommissionExportClasses]\nClasses=TQBR\n", 2);
+  EXPECT_TRUE(TStorageHub::PendingLoadSteps().empty());
+  TStorageHub hub("[ChangeClientCodes]\nC1=C2\n[MOEXCommissionExportClasses]\nClasses=TQBR\n"
+                  "[clT1_Client_Template_VolumeBasedCommission_1]\nClasses=TQBR\n100_B=TRADE_MAX,0.5,10\n"
+                  "[clC1_VolumeBasedCommission_1]\nClasses=<ALL>\n0=FIXED,1,0\n",
+                  2);
   EXPECT_EQ(hub.GetChangeClientCodes().values.at("C1"), "C2");
+  ASSERT_EQ(hub.GetTemplateVolumeBasedCommission().count("T1"), 1u);
+  EXPECT_EQ(hub.GetTemplateVolumeBasedCommission().at("T1")[0].commission.GetEffectiveTypeAndRate(100.0, DL::sdBuy),
+            DL::TypeAndRate(DL::ctTradeMax, 0.5, 10.0));
+  ASSERT_EQ(hub.GetClientVolumeBasedCommission().count("C1"), 1u);
+  EXPECT_TRUE(hub.GetClientVolumeBasedCommission().at("C1")[0].commission.IsClassInList("EQOB"));
   EXPECT_EQ(hub.GetMOEXCommissionExportClasses().Items(), std::vector<std::string>{"TQBR"});
 }
 TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
