@@ -217,9 +217,10 @@ void TStorageHub::ParseSectionsByGlobalMap() {
   }
 }
 
-// Steps whose parsed homes belong to later stages of the library. Each stays
-// in its place of the load; until its store exists the sections it reads
-// stay raw text in the section map, which the save copies as they stand.
+// Global parse functions marked Pending in HubGlobalParsers.def: a row
+// whose parsed home does not exist yet runs in its place and does nothing,
+// and its section stays raw text, which the save copies as it stands. Every
+// row has its home today; a test keeps the list empty.
 const std::vector<std::string>& TStorageHub::PendingLoadSteps() {
   static const std::vector<std::string> steps = [] {
     std::vector<std::string> out;

@@ -139,9 +139,9 @@ class TStorageHub {
   // object must outlive the hubs built while it is in use.
   static void UseDispatchTables(const TDispatchTables* tables);
 
-  // The names of the load steps and global parse functions whose parsed
-  // home is not built yet: each runs in its place and does nothing, and the
-  // sections it would read stay raw text, which the save copies.
+  // The names of the global parse functions whose parsed home is not built
+  // (rows marked Pending): each runs in its place and does nothing, and the
+  // section stays raw text, which the save copies. Empty today.
   static const std::vector<std::string>& PendingLoadSteps();
   static bool IsPendingLoadStep(const std::string& name);
 

@@ -406,7 +406,7 @@ TEST(HubPendingStepsTest, SubBrokersAreParsed) {
   EXPECT_EQ(hub.GetSubBrokers().at("SB1").clients.Items(), std::vector<std::string>{"C1"});
   EXPECT_EQ(hub.GetSubBrokers().at("SB1").noGlobals.Items(), std::vector<std::string>{"CalcNegDeal"});
 }
-TEST(HubPendingStepsTest, DISABLED_EveryGlobalParserHasAParsedHome) {
+TEST(HubPendingStepsTest, EveryLoadStepAndGlobalParserHasAParsedHome) {
   for (const std::string& step : TStorageHub::PendingLoadSteps()) ADD_FAILURE() << step;
 }
 
