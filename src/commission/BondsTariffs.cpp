@@ -45,45 +45,33 @@ TExchCommValue TBondsAtNegot::CalcCommValue(double value, ZDepoCount, unsigned, 
 
 std::unique_ptr<ABoardTariff> TBondsAtNegot::Clone() const { return std::make_unique<TBondsAtNegot>(*this); }
 
-// ---- TBondsTariff ----
+// ---- TBondsTariff, TOtherBondsTariff ----
 
 TBondsTariff::TBondsTariff(bool noTS, const TExchCommRate& iniRates, bool minOne)
-    : ABoardTariff(iniRates), NoTS(noTS), MinOne(minOne) {
+    : TBondsTariff(noTS, iniRates, minOne, kBondsPerDayDays, TExchCommRate(0.0015, 0.00425, 0.00425)) {}
+
+TBondsTariff::TBondsTariff(bool noTS, const TExchCommRate& iniRates, bool minOne, unsigned perDayDays,
+                           const TExchCommRate& fullWithTS)
+    : ABoardTariff(iniRates), NoTS(noTS), MinOne(minOne), PerDayDays(perDayDays) {
   if (noTS) {
     PerDay = TExchCommRate(0.0, 5.75e-05, 4.25e-05);
     Full = TExchCommRate(0.0, 0.0071875, 0.0053125);
   } else {
     PerDay = TExchCommRate(1.5e-05, 4.25e-05, 4.25e-05);
-    Full = TExchCommRate(0.0015, 0.00425, 0.00425);
+    Full = fullWithTS;
   }
 }
 
 TExchCommValue TBondsTariff::CalcCommValue(double value, ZDepoCount, unsigned, unsigned bondDays) const {
-  TExchCommValue r = ByTerm(value, bondDays, kBondsPerDayDays, PerDay, Full, Percent, NoTS);
+  TExchCommValue r = ByTerm(value, bondDays, PerDayDays, PerDay, Full, Percent, NoTS);
   ApplyINIRatesAndFloor(*this, r, value, NoTS, MinOne);
   return r;
 }
 
 std::unique_ptr<ABoardTariff> TBondsTariff::Clone() const { return std::make_unique<TBondsTariff>(*this); }
 
-// ---- TOtherBondsTariff ----
-
 TOtherBondsTariff::TOtherBondsTariff(bool noTS, const TExchCommRate& iniRates, bool minOne)
-    : ABoardTariff(iniRates), NoTS(noTS), MinOne(minOne) {
-  if (noTS) {
-    PerDay = TExchCommRate(0.0, 5.75e-05, 4.25e-05);
-    Full = TExchCommRate(0.0, 0.0071875, 0.0053125);
-  } else {
-    PerDay = TExchCommRate(1.5e-05, 4.25e-05, 4.25e-05);
-    Full = TExchCommRate(0.001875, 0.0053125, 0.0053125);
-  }
-}
-
-TExchCommValue TOtherBondsTariff::CalcCommValue(double value, ZDepoCount, unsigned, unsigned bondDays) const {
-  TExchCommValue r = ByTerm(value, bondDays, kOtherBondsPerDayDays, PerDay, Full, Percent, NoTS);
-  ApplyINIRatesAndFloor(*this, r, value, NoTS, MinOne);
-  return r;
-}
+    : TBondsTariff(noTS, iniRates, minOne, kOtherBondsPerDayDays, TExchCommRate(0.001875, 0.0053125, 0.0053125)) {}
 
 std::unique_ptr<ABoardTariff> TOtherBondsTariff::Clone() const { return std::make_unique<TOtherBondsTariff>(*this); }
 

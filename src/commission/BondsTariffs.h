@@ -35,20 +35,23 @@ class TBondsTariff : public ABoardTariff, public ABondsTariff {
   TExchCommRate Full;
   bool NoTS = false;
   bool MinOne = false;
+
+ protected:
+  // The last day of the per-day rate, and the full rate with the trading
+  // system's part (NoTS keeps the same full rate for every bond tariff).
+  TBondsTariff(bool noTS, const TExchCommRate& iniRates, bool minOne, unsigned perDayDays,
+               const TExchCommRate& fullWithTS);
+
+  unsigned PerDayDays = 100;
 };
 
-// The other bonds: as TBondsTariff with the full rate above 125 days.
-class TOtherBondsTariff : public ABoardTariff, public ABondsTariff {
+// The other bonds: as TBondsTariff with the full rate above 125 days and a
+// higher full rate with the trading system's part.
+class TOtherBondsTariff : public TBondsTariff {
  public:
   TOtherBondsTariff(bool noTS, const TExchCommRate& iniRates, bool minOne);
 
-  TExchCommValue CalcCommValue(double value, ZDepoCount qty, unsigned repoDays, unsigned bondDays) const override;
   std::unique_ptr<ABoardTariff> Clone() const override;
-
-  TExchCommRate PerDay;
-  TExchCommRate Full;
-  bool NoTS = false;
-  bool MinOne = false;
 };
 
 }  // namespace DL
