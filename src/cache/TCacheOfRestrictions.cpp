@@ -220,10 +220,13 @@ TCacheOfRestrictions::TCacheOfRestrictions(TIniParser* parser)
 
 void TCacheOfRestrictions::ParseGlobalSettings() {
   m_global = TRestrictions();
+  // The table is ordered by upper-case name as the section map is ordered
+  // ignoring case, so looking each name up visits the sections in map order
+  // without walking every section of the firm.
   TIniSectionsMap& sections = m_parser->GetSections();
-  for (auto it = sections.begin(); it != sections.end(); ++it) {
-    auto f = m_globalParse.find(StrUpper(it->first));
-    if (f != m_globalParse.end()) (this->*(f->second))(&m_global, it);
+  for (const auto& [nameUp, parse] : m_globalParse) {
+    const auto it = sections.find(nameUp);
+    if (it != sections.end()) (this->*parse)(&m_global, it);
   }
   m_global.RebuildIndexes();
 }

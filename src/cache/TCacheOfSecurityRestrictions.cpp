@@ -174,13 +174,12 @@ void TCacheOfSecurityRestrictions::ParseGlobalSettings() {
          for (const auto& [key, value] : k) ParseCommissionWriteOfCurrency(o.commissionWriteOffCurrency, key, value);
        }},
   };
-  for (const auto& [name, keys] : Parser().GetSections()) {
-    const std::string nameUp = StrUpper(name);
-    for (const auto& [code, handler] : kSections)
-      if (nameUp == P::GetIniSectCodeUp(code)) {
-        handler(*this, g, keys);
-        break;
-      }
+  // Each handler fills fields of its own, so the sections are looked up by
+  // name rather than found by a walk over every section of the firm.
+  const TIniSectionsMap& sections = Parser().GetSections();
+  for (const auto& [code, handler] : kSections) {
+    const auto section = sections.find(P::GetIniSectCode(code));
+    if (section != sections.end()) handler(*this, g, section->second);
   }
   DropNegativeLimits(g);
   SetGlobalSettings(std::move(global));

@@ -103,16 +103,19 @@ void TStorageHub::ParsePortfolioRiskConfigs() {
 void TStorageHub::FillBaseAssets() {
   m_baseAssetsSections.clear();
   const std::string& templatePrefixUp = TIniParser::GetPartIniSectCodeUp(TIniParser::pscBaseAssets_Template_);
-  for (const auto& [name, keys] : m_parser->GetSections()) {
+  // Only the sections whose name begins with "BaseAssets" are visited.
+  ForEachWithPrefixNoCase(m_parser->GetSections(), std::string_view(kBaseAssets), [&](const auto& section) {
+    const std::string& name = section.first;
+    const TIniKeyMap& keys = section.second;
     if (IsSameSettingsName(name, kBaseAssets)) {
       m_baseAssetsSections.emplace(name, TBaseAssetsSection::Parse(name, false, std::string(), keys));
-      continue;
+      return;
     }
     const std::string nameUp = StrUpper(name);
-    if (nameUp.size() <= templatePrefixUp.size() || !StartsWithUp(nameUp, templatePrefixUp.c_str())) continue;
+    if (nameUp.size() <= templatePrefixUp.size() || !StartsWithUp(nameUp, templatePrefixUp.c_str())) return;
     m_baseAssetsSections.emplace(name,
                                  TBaseAssetsSection::Parse(name, true, name.substr(templatePrefixUp.size()), keys));
-  }
+  });
 }
 
 std::optional<TPortRiskConfig> TStorageHub::PortfolioRiskConfig(const char* tradeAccount,

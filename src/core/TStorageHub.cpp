@@ -255,14 +255,17 @@ void TStorageHub::BuildSettingCaches() {
 void TStorageHub::ParseUserIdSettings() {
   m_userIdSettings.clear();
   const std::string& prefixUp = TIniParser::GetPartIniSectCodeUp(TIniParser::pscU);
-  for (const auto& [name, keys] : m_parser->GetSections()) {
+  // Only the sections whose name begins with the user prefix are visited.
+  ForEachWithPrefixNoCase(m_parser->GetSections(), prefixUp, [&](const auto& section) {
+    const std::string& name = section.first;
+    const TIniKeyMap& keys = section.second;
     const std::string nameUp = StrUpper(name);
-    if (nameUp.size() <= prefixUp.size() || nameUp.compare(0, prefixUp.size(), prefixUp) != 0) continue;
+    if (nameUp.size() <= prefixUp.size()) return;
     // The rest must be a whole decimal number, a sign allowed.
     const char* digits = nameUp.c_str() + prefixUp.size();
     char* end = nullptr;
     const long number = std::strtol(digits, &end, 10);
-    if (end == digits || *end != '\0' || (*digits != '-' && (*digits < '0' || *digits > '9'))) continue;
+    if (end == digits || *end != '\0' || (*digits != '-' && (*digits < '0' || *digits > '9'))) return;
     TUserIdSettings& user = m_userIdSettings[static_cast<int>(number)];
     user.userId = static_cast<int>(number);
     user.commission = m_parser->GetIniParamDouble(keys, "COMMISSION", 0.0);
@@ -283,7 +286,7 @@ void TStorageHub::ParseUserIdSettings() {
         m_parser->GetIniParamString(keys, TIniParser::ipcClassesWithoutOrderCheck, TIniParser::EmptyString()),
         TClassList::NoRepeats);
     ParseUserIdSecuritiesAndFloodControl(keys, user);
-  }
+  });
 }
 // A store filled by InitLite is saved from its section's place in the map:
 // the section is entered there when the loaded text had none, so that the

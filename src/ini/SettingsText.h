@@ -51,6 +51,21 @@ struct StringMapComparerFunc {
   }
 };
 
+// Calls f on each entry of a map ordered by StringMapComparerFunc whose key
+// begins with `prefix`, compared ignoring case. Such keys stand together in
+// that order, so only they are visited.
+template <class TMap, class F>
+void ForEachWithPrefixNoCase(TMap& map, std::string_view prefix, F&& f) {
+  for (auto it = map.lower_bound(prefix); it != map.end(); ++it) {
+    const std::string_view key = it->first;
+    if (key.size() < prefix.size()) break;
+    bool same = true;
+    for (std::size_t i = 0; i < prefix.size() && same; ++i) same = ToUpperAscii(key[i]) == ToUpperAscii(prefix[i]);
+    if (!same) break;
+    f(*it);
+  }
+}
+
 // True when the two texts are one name under StringMapComparerFunc.
 constexpr bool IsSameSettingsName(std::string_view a, std::string_view b) noexcept {
   if (a.size() != b.size()) return false;
