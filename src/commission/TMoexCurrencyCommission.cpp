@@ -3,6 +3,7 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 
 #include "commission/CurrOpCurrencies.h"
@@ -51,9 +52,6 @@ double RateOf(const TMoexCurrencyCommission::TClassRates& rates, std::string_vie
   const auto it = rates.find(std::string_view(buf.data(), classCode.size()));
   return it == rates.end() ? ABoardTariff::kNotSet : it->second;
 }
-
-// The day number of midnight of 1 January of a year, as SettleDayNumber.
-std::int64_t YearStartDayNumber(int year) { return TMoexCurrencyCommission::SettleDayNumber(year * 10000L + 101); }
 
 // Term from the last two characters of the code, in upper case.
 long TermOfSuffix(std::string_view sec) {
@@ -157,24 +155,53 @@ std::int64_t TMoexCurrencyCommission::SettleDayNumber(long yyyymmdd) {
   return static_cast<std::int64_t>(seconds) / kSecondsPerDay;
 }
 
+std::int64_t TMoexCurrencyCommission::CachedSettleDayNumber(long yyyymmdd) {
+  if (yyyymmdd == 0) return -1;
+  for (const TConvertedDate& c : m_converted)
+    if (c.date == yyyymmdd) return c.day;
+  TConvertedDate& slot = m_converted[m_nextConverted];
+  m_nextConverted = (m_nextConverted + 1) % kConvertedDates;
+  slot.date = yyyymmdd;
+  slot.day = SettleDayNumber(yyyymmdd);
+  return slot.day;
+}
+
+std::int64_t TMoexCurrencyCommission::YearStartDayNumber(int year) const {
+  if (year != m_startYear) {
+    m_startYearDay = SettleDayNumber(year * 10000L + 101);
+    m_startYear = year;
+  }
+  return m_startYearDay;
+}
+
 bool TMoexCurrencyCommission::IsCurrencyClassCode(std::string_view c) {
   return c == "CETS" || c == "AETS" || c == "FIXS" || c == "WAPS";
 }
 
 bool TMoexCurrencyCommission::IsCurrencyMarketClass(std::string_view c) {
-  static constexpr std::string_view kClasses[] = {"CETS", "AETS", "FIXS",      "FIXN",      "WAPS", "WAPN",
-                                                  "FUTS", "FUTN", "FUTS_SWAP", "FUTN_SWAP", "CNGD", "LICU"};
-  for (std::string_view k : kClasses)
-    if (k == c) return true;
-  return EndsWith(c, "_SU") || EndsWith(c, "MTL");
+  // Every board of a deal passes here: the four-letter classes are compared
+  // as one 32-bit word each.
+  static constexpr std::string_view kFourLetterClasses[] = {"CETS", "AETS", "FIXS", "FIXN", "WAPS",
+                                                            "WAPN", "FUTS", "FUTN", "CNGD", "LICU"};
+  if (c.size() == 4) {
+    const auto word = [](std::string_view s) {
+      std::uint32_t w = 0;
+      std::memcpy(&w, s.data(), 4);
+      return w;
+    };
+    const std::uint32_t w = word(c);
+    for (std::string_view k : kFourLetterClasses)
+      if (word(k) == w) return true;
+  }
+  return c == "FUTS_SWAP" || c == "FUTN_SWAP" || EndsWith(c, "_SU") || EndsWith(c, "MTL");
 }
 
 void TMoexCurrencyCommission::Init(long settleDate1, long settleDate2, const TClassRates& tsRates,
                                    const TClassRates& orgRates, const TClassRates& clearingRates,
                                    std::string_view classCode, std::string_view secCode, bool noMinimum, bool isSwap,
                                    bool isFixed, bool aux, char side) {
-  SettleDay1 = SettleDayNumber(settleDate1);
-  SettleDay2 = SettleDayNumber(settleDate2);
+  SettleDay1 = CachedSettleDayNumber(settleDate1);
+  SettleDay2 = CachedSettleDayNumber(settleDate2);
   INIRates = TExchCommRate(RateOf(tsRates, classCode), RateOf(orgRates, classCode), RateOf(clearingRates, classCode));
   ClassCode.assign(classCode);
   SecCode.assign(secCode);

@@ -83,6 +83,23 @@ class TMoexCurrencyCommission : public ABoardTariff {
   bool IsFixedCommission = false;
   bool IsFlagAux = false;  // carried for the host, not read
   char Side = 'B';
+
+ private:
+  // The day number of a date, remembered for the last few dates converted:
+  // the deals of a day share a handful of settle dates, and mktime is by far
+  // the dearest step of a deal.
+  std::int64_t CachedSettleDayNumber(long yyyymmdd);
+  struct TConvertedDate {
+    long date = 0;
+    std::int64_t day = -1;
+  };
+  static constexpr int kConvertedDates = 4;
+  TConvertedDate m_converted[kConvertedDates];
+  int m_nextConverted = 0;  // the entry the next new date replaces
+  // The day number of 1 January of the last year a dated code named.
+  std::int64_t YearStartDayNumber(int year) const;
+  mutable int m_startYear = 0;
+  mutable std::int64_t m_startYearDay = -1;
 };
 
 }  // namespace DL

@@ -34,10 +34,10 @@ bool CivilDayNumber(long yyyymmdd, long& out) {
 
 }  // namespace
 
-unsigned ExchangeRepoDays(const TStorageHub& hub, std::string_view upperBoard, const TExchangeDeal& deal) {
+unsigned ExchangeRepoDays(TStorageHub& hub, std::string_view upperBoard, const TExchangeDeal& deal) {
   if (deal.repoTerm >= 0) return static_cast<unsigned>(deal.repoTerm);
   int days = 0;
-  if (hub.General().GetRepoTermByBoard(upperBoard, days) && days >= 0) return static_cast<unsigned>(days);
+  if (hub.FindRepoTermOfUpperBoard(upperBoard, days) && days >= 0) return static_cast<unsigned>(days);
   long a = 0;
   long b = 0;
   if (CivilDayNumber(deal.settleDate1, a) && CivilDayNumber(deal.settleDate2, b))

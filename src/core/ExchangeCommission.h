@@ -55,7 +55,7 @@ struct TExchangeDeal {
 
 // The repo and bond terms that GetExchangeCommission gives a board tariff
 // for the deal (board in upper case).
-unsigned ExchangeRepoDays(const TStorageHub& hub, std::string_view upperBoard, const TExchangeDeal& deal);
+unsigned ExchangeRepoDays(TStorageHub& hub, std::string_view upperBoard, const TExchangeDeal& deal);
 unsigned ExchangeBondDays(const TExchangeDeal& deal);
 
 }  // namespace DL

@@ -1,6 +1,8 @@
 // The hub's currency-market commission and the sale-side copies of the board
 // tariffs that read the side of a deal.
+#include <cctype>
 #include <memory>
+#include <string>
 
 #include "core/TStorageHub.h"
 
@@ -27,6 +29,21 @@ const ABoardTariff* TStorageHub::GetSellSideBoardTariff(std::string_view board) 
   const ABoardTariff* result = copy.get();
   m_sellSideTariffs.Set(board, std::move(copy));
   return result;
+}
+
+bool TStorageHub::FindRepoTermOfUpperBoard(std::string_view upperBoard, int& days) {
+  if (!m_repoTermsByUpperBoard) {
+    m_repoTermsByUpperBoard.emplace();
+    for (const auto& [board, term] : m_general.GetRepoTerms()) {
+      std::string up(board);
+      for (char& c : up) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+      m_repoTermsByUpperBoard->emplace(std::move(up), term);
+    }
+  }
+  const auto it = m_repoTermsByUpperBoard->find(upperBoard);
+  if (it == m_repoTermsByUpperBoard->end()) return false;
+  days = it->second;
+  return true;
 }
 
 }  // namespace DL

@@ -818,11 +818,17 @@ class TStorageHub {
   // a tariff that reads the side of the deal, a copy with the side 'S',
   // made on the first sale of the board and kept.
   const ABoardTariff* GetSellSideBoardTariff(std::string_view board);
+  // The repo term of a board code already in upper case (the table of
+  // General().GetRepoTerms() in a hash, built on the first call); false for
+  // a board without a term.
+  bool FindRepoTermOfUpperBoard(std::string_view upperBoard, int& days);
 
  private:
   std::unique_ptr<TFirmCurrencyIdentity> m_currencyIdentity;
   std::unique_ptr<TMoexCurrencyCommission> m_moexCurrencyCommission;
   TBoardTariffs m_sellSideTariffs;  // copies with side 'S', by board
+  using TRepoTermsByBoard = std::unordered_map<std::string, int, TBoardTariffs::THash, std::equal_to<>>;
+  std::optional<TRepoTermsByBoard> m_repoTermsByUpperBoard;  // board -> days
 };
 
 }  // namespace DL

@@ -493,10 +493,28 @@ TEST_F(MoexCurrencyCommissionTest, CloneKeepsEveryField) {
 
 TEST_F(MoexCurrencyCommissionTest, CurrencyMarketClasses) {
   for (const char* cls : {"CETS", "AETS", "FIXS", "FIXN", "WAPS", "WAPN", "FUTS", "FUTN", "FUTS_SWAP", "FUTN_SWAP",
-                          "CNGD", "LICU", "CETS_SU", "CNGDSWAP_SU", "CETS_MTL", "XMTL"})
+                          "CNGD", "LICU", "CETS_SU", "CNGDSWAP_SU", "CETS_MTL", "XMTL", "A_SU"})
     EXPECT_TRUE(TMoexCurrencyCommission::IsCurrencyMarketClass(cls)) << cls;
   for (const char* cls : {"TQBR", "SDBP", "EQRP", "cets", "", "DEFAULT"})
     EXPECT_FALSE(TMoexCurrencyCommission::IsCurrencyMarketClass(cls)) << cls;
+}
+
+}  // namespace
+
+namespace {
+
+TEST(MoexCurrencyCommissionDatesTest, RepeatedAndManyDatesConvertAlike) {
+  TMoexCurrencyCommission c(nullptr);
+  const long dates[] = {20250101, 20250102, 20250103, 20250104, 20250105, 20250106, 20250101, 20250105, 0, 20251340};
+  for (int round = 0; round < 3; ++round) {
+    for (long d1 : dates) {
+      for (long d2 : dates) {
+        c.Init(d1, d2, kNoRates, kNoRates, kNoRates, "CETS", "USD000UTSTOM", false, false, false, false, 'B');
+        ASSERT_EQ(c.SettleDay1, TMoexCurrencyCommission::SettleDayNumber(d1)) << d1;
+        ASSERT_EQ(c.SettleDay2, TMoexCurrencyCommission::SettleDayNumber(d2)) << d2;
+      }
+    }
+  }
 }
 
 }  // namespace
