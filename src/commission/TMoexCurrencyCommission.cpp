@@ -71,17 +71,28 @@ long TermOfSuffix(std::string_view sec) {
   return -1;
 }
 
-// Organiser and clearing rates (per cent) of one term band.
+// The terms of a band run from `from` to `to`, both included. The last band
+// of a table has no terms of its own: it holds the rate of every term no
+// other band holds.
+constexpr long kAnyTerm = -2147483647L;
+
+// Organiser and clearing rates (per cent) of one band.
 struct TBand {
-  long from;  // first day of the band
-  long to;    // last day of the band
+  long from;
+  long to;
   double org;
   double clearing;
 };
 
-// The band holding t, else the last entry (the rate of every other term).
-template <std::size_t N>
-const TBand& BandOf(const TBand (&bands)[N], long t) {
+// One whole rate r (per cent) of one band, shared by organiser and clearing.
+struct TRateBand {
+  long from;
+  long to;
+  double r;
+};
+
+template <class Band, std::size_t N>
+const Band& BandOf(const Band (&bands)[N], long t) {
   for (std::size_t i = 0; i + 1 < N; ++i)
     if (t >= bands[i].from && t <= bands[i].to) return bands[i];
   return bands[N - 1];
@@ -93,16 +104,13 @@ constexpr TBand kFuturesBands[] = {
     {90, 179, 0.001725, 0.001875},  {180, 269, 0.002875, 0.003125},   {270, 364, 0.0043125, 0.0046875},
     {0, -1, 0.00575, 0.00625}};
 
-// Whole rates r of the swaps and forwards of a spot class, shared
-// 0.47916666666666663 : 0.5208333333333333 by organiser and clearing.
-constexpr long kAnyTerm = -2147483647L;
-constexpr TBand kSwapRates[] = {{kAnyTerm, 7, 0.0006, 0},   {8, 14, 0.0012, 0},   {15, 60, 0.0024, 0},
-                                {61, 90, 0.0036, 0},         {91, 180, 0.006, 0},  {181, 270, 0.009, 0},
-                                {0, -1, 0.012, 0}};
+// Swaps and forwards of a currency; every term under 8 is the first band.
+constexpr TRateBand kSwapRates[] = {{kAnyTerm, 7, 0.0006}, {8, 14, 0.0012},  {15, 60, 0.0024}, {61, 90, 0.0036},
+                                    {91, 180, 0.006},      {181, 270, 0.009}, {0, -1, 0.012}};
 
-// Whole rates r of the metal forwards ("LTV", "FWD"), shared 0.575 : 0.425.
-constexpr TBand kMetalForwardRates[] = {{2, 6, 0.005, 0},    {7, 29, 0.01, 0},     {30, 89, 0.02, 0},
-                                        {90, 179, 0.03, 0},  {180, 269, 0.05, 0},  {0, -1, 0.075, 0}};
+// Metal forwards ("LTV", "FWD").
+constexpr TRateBand kMetalForwardRates[] = {{2, 6, 0.005},    {7, 29, 0.01},    {30, 89, 0.02},
+                                            {90, 179, 0.03},  {180, 269, 0.05}, {0, -1, 0.075}};
 
 // Metal swaps: 1 to 7 days, then every term under 180, then the rest.
 constexpr TBand kMetalSwapBands[] = {{1, 7, 0.0002875, 0.0002125},
@@ -268,11 +276,12 @@ TExchCommValue TMoexCurrencyCommission::GetTSCommission(double value, std::strin
       else if (c == "CNGD" || c == "LICU") r = 0.00225;
       return spot(r);
     }
-    const double r = BandOf(kSwapRates, GetTermForSecurity(sec, c)).org;
+    const double r = BandOf(kSwapRates, GetTermForSecurity(sec, c)).r;
     return fee(kSwapOrgShare * r, kSwapClearingShare * r);
   }
   // 5. Precious metals.
-  if (EndsWith(sec, "LTV") || EndsWith(sec, "FWD")) return spot(BandOf(kMetalForwardRates, GetTermForSecurity(sec, c)).org);
+  if (EndsWith(sec, "LTV") || EndsWith(sec, "FWD"))
+    return spot(BandOf(kMetalForwardRates, GetTermForSecurity(sec, c)).r);
   if (isSwap) {
     const TBand& b = BandOf(kMetalSwapBands, GetTermForSecurity(sec, c));
     return fee(b.org, b.clearing);

@@ -101,7 +101,8 @@ TEST_F(MoexCurrencyCommissionTest, InitCarriesCodesFlagsAndSide) {
 }
 
 TEST_F(MoexCurrencyCommissionTest, CurrencyClassesAreTheFourSpotClasses) {
-  for (const char* cls : {"CETS", "AETS", "FIXS", "WAPS"}) EXPECT_TRUE(Deal(cls, "USD000UTSTOM").IsCurrencyClass) << cls;
+  for (const char* cls : {"CETS", "AETS", "FIXS", "WAPS"})
+    EXPECT_TRUE(Deal(cls, "USD000UTSTOM").IsCurrencyClass) << cls;
   for (const char* cls : {"CETS_SU", "FIXN", "WAPN", "FUTS", "CNGD", "CETS_MTL", "TQBR"})
     EXPECT_FALSE(Deal(cls, "USD000UTSTOM").IsCurrencyClass) << cls;
 }
@@ -137,6 +138,12 @@ TEST_F(MoexCurrencyCommissionTest, AFailedDateConversionLeavesMinusOne) {
     c.Init(20240105, bad, kNoRates, kNoRates, kNoRates, "CETS", "X", false, false, false, false, 'B');
     EXPECT_EQ(c.SettleDay2, -1) << bad;
   }
+}
+
+TEST_F(MoexCurrencyCommissionTest, ADayBeyondTheEndOfItsMonthCountsIntoTheNext) {
+  EXPECT_EQ(TMoexCurrencyCommission::SettleDayNumber(20250431), TMoexCurrencyCommission::SettleDayNumber(20250501));
+  EXPECT_EQ(TMoexCurrencyCommission::SettleDayNumber(20250501) - TMoexCurrencyCommission::SettleDayNumber(20250430),
+            1);
 }
 
 TEST_F(MoexCurrencyCommissionTest, ASecondInitReplacesTheFirst) {
