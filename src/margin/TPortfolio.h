@@ -107,6 +107,8 @@ class TPortfolio {
   std::vector<std::string> GetCriticalNMAssets() const;
   const std::vector<std::pair<std::string, double>>& GetOutOfSetOptThresMarg() const { return OutOfSetOptThresMarg; }
   const std::map<std::string, TAssetGroupRisk>& GetAllGroupRisks() const { return AllGroupRisks; }
+  // The currency records of the last corrected calculation.
+  const TCurrRecords& GetCurrRecords() const { return m_lastCurrRecords; }
   void SetTrdAccApplicable(const std::string& account, bool value) { m_trdAccApplicable[account] = value; }
   bool IsTrdAccApplicable(const std::string& account) const;
   void SetInitialPortfolioCostAndCorrMargin(double cost, double corrMargin) {
@@ -196,6 +198,7 @@ class TPortfolio {
   std::map<std::string, TGroupList> m_operationCurrGroups;
   std::map<std::string, bool> m_trdAccApplicable;
   mutable std::map<std::string, TAssetGroupRisk> AllGroupRisks;
+  mutable TCurrRecords m_lastCurrRecords;
   mutable std::ostringstream m_log;
 };
 

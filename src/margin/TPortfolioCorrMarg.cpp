@@ -269,6 +269,8 @@ double TPortfolio::CalcCorrMarg(ELogLevel level, bool& nmShort, bool operationGr
       return ForbiddenValue;
   }
 
+  m_lastCurrRecords = records;
+
   // The main currency; the running premium reaches the main money asset,
   // valued after all the groups.
   const TGroupList list = operationGroupsOnly ? m_operationBaseGroups : GroupsOf(BaseCurrAssets);
