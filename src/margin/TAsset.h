@@ -74,7 +74,9 @@ class TAsset {
   double Theor = 0.0;       // option premium per unit
   double VarMargin = 0.0;   // accrued variation margin
   std::unique_ptr<TOptParams> OptParams;  // option data; copied with the asset
-  std::vector<double> ScenRisks;          // per-unit scenario changes (CalcOptRisks)
+  // Per-unit scenario changes (CalcOptRisks); a calculation rewrites those of
+  // non-option set members, so they are mutable.
+  mutable std::vector<double> ScenRisks;
   double LockedBuyVal = 0.0;   // value locked by buy orders
   double LockedSellVal = 0.0;  // value locked by sell orders
   ZDepoCount LockedBuyQty;     // quantity of active buys

@@ -297,7 +297,7 @@ bool TPortfolio::IsStandAloneOption(const TAssetGroup& g) const {
 TPortfolio::TGroupList TPortfolio::GroupsOf(const TGroupMap& map) const {
   TGroupList list;
   list.reserve(map.size());
-  for (const auto& [key, g] : map) list.push_back(const_cast<TAssetGroup*>(&g));
+  for (const auto& [key, g] : map) list.push_back(&g);
   return list;
 }
 
@@ -355,8 +355,7 @@ void TPortfolio::AggregateDataForOptGroupsCalc(const TAssetGroup& group, bool in
     }
     set.ScenRiskRows.push_back(std::move(row));
   };
-  for (const auto& [code, cAsset] : group.Assets) {
-    TAsset& a = const_cast<TAsset&>(cAsset);  // scenario vectors live on the assets
+  for (const auto& [code, a] : group.Assets) {
     if (!a.IsOption()) {
       BaseAsset2OptCalcParams grid = PrepOptCalcParams(a.Price, group.Discounts);
       grid.CalcNonOptionScenRisks(a.Price);

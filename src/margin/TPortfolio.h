@@ -149,7 +149,7 @@ class TPortfolio {
   using TInitCurrRecords = std::map<std::string, TInitCurrRecord>;
   using TPositions = std::map<std::string, std::pair<double, double>>;  // base code -> (call lots, put lots)
   using TBaseToOption = std::map<std::string, std::string>;
-  using TGroupList = std::vector<TAssetGroup*>;
+  using TGroupList = std::vector<const TAssetGroup*>;
 
   void ReadClientSettings();
   TGroupMap& TargetMap(const std::string& currency);

@@ -141,7 +141,7 @@ bool TPortfolio::CalcCorrCurrency(const std::string& curr, const TGroupList& gro
   TBaseToOption baseToOption;
   TPositions positions;
   TOptCalcDataSet set;
-  for (TAssetGroup* gp : groups) {
+  for (const TAssetGroup* gp : groups) {
     const TAssetGroup& G = *gp;
     const bool log = ShouldLog(level, G);
     TAssetGroupRisk gr;
@@ -295,7 +295,7 @@ double TPortfolio::CalcCorrMarg(ELogLevel level, bool& nmShort, bool operationGr
     decrease += restricted.CalcPortfolioDecreaseRisk();
     if (CalcRestrictLongAsset) AddRestrictLongAsset(restricted.CalcTotalRisk());
   };
-  for (TAssetGroup* gp : list) {
+  for (const TAssetGroup* gp : list) {
     const TAssetGroup& G = *gp;
     const bool log = ShouldLog(level, G);
     TAssetGroupRisk gr;
