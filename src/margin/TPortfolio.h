@@ -102,6 +102,7 @@ class TPortfolio {
   // 1 for a group of the main currency, 2 of another, 0 if not found.
   int GetAssetGroupIterator(const std::string& code, TAssetGroup*& group) const;
   const TGroupMap& GetAllAssets() const { return BaseCurrAssets; }
+  const std::vector<std::pair<std::string, TAsset>>& GetAdditionalAssets() const { return m_additionalAssets; }
   const std::map<std::string, TGroupMap>& GetAllCurrAssets() const { return CurrAssets; }
   // The codes of assets whose valuation marked a forbidden short.
   std::vector<std::string> GetCriticalNMAssets() const;

@@ -562,3 +562,140 @@ TEST(AddBoardsTest, NegativeTag5MoneyIsReservedAndDepoOnAccountType5AddsItsShort
 }
 
 }  // namespace
+
+namespace {
+
+// ---- Relative risk of an option set ----
+
+// A long call on "SiZ6" with relative risk 0.05, and a short futures.
+struct RelRiskSet {
+  TPlainMarginSettings s;
+  TPortfolio p{s, "C1", -1, "", 0, false};
+  TOptParams params = OptionParams("SiC", ctCall_P);
+  explicit RelRiskSet(bool subGroup) {
+    params.InRelRiskSubGroup = subGroup;
+    TAsset call = Option("SiC", ctCall_P, 2);
+    call.OptParams->InRelRiskSubGroup = subGroup;
+    call.RelRiskRate = 0.05;
+    TAsset fut = Futures();
+    fut.Pos = -1;
+    fut.VarMargin = 0;
+    fut.RelRiskRate = 0.05;
+    p.AddAsset("SiC", call, SiSet(), true);
+    p.AddAsset("SiZ6", fut, SiSet(), true);
+  }
+  std::vector<std::vector<double>> Rows() const {
+    return {Scaled(OptionScenarios(ctCall_P), 2), Scaled(FuturesScenarios(), -1)};
+  }
+  std::vector<std::pair<double, double>> Deltas() const {
+    std::vector<std::pair<double, double>> d =
+        ScenarioOptRelRiskDeltas(&params, PrepOptCalcParams(100, kSetDisc), 0.05);
+    for (auto& e : d) e = {e.first * 2, e.second * 2};
+    return d;
+  }
+};
+
+TEST(OptionSetRelRiskTest, InitialMarginAddsTheRelativeRiskRowAndTheInstrumentsRisk) {
+  RelRiskSet c(false);
+  // Threshold: the short futures covers the call side: min(0.15 * 1, 0.15 * 2, 0) = 0.
+  std::vector<std::vector<double>> rows = c.Rows();
+  std::vector<double> rel;
+  for (const auto& e : c.Deltas()) rel.push_back(std::min({0.0, e.first, e.second}));
+  rows.push_back(rel);
+  const double futRel = 1 * 100 * 0.05;
+  const auto [init, netto] = c.p.CalcInitialMarg();
+  EXPECT_NEAR(init, HalfNetto(rows) + futRel, 1e-6);
+  EXPECT_NEAR(netto, Netto(c.Rows()) + futRel, 1e-6);
+}
+
+TEST(OptionSetRelRiskTest, SubGroupsCoverTheFuturesByDeltaInTheNettoMargin) {
+  RelRiskSet c(true);
+  const std::vector<std::vector<double>> rows = c.Rows();
+  // The worst column of the netto sum, the earliest of equals.
+  size_t worst = 0;
+  double low = 0;
+  for (size_t j = 0; j < rows[0].size(); ++j) {
+    const double col = rows[0][j] + rows[1][j];
+    if (j == 0 || col < low - 1e-7) {
+      low = col;
+      worst = j;
+    }
+  }
+  const auto d = c.Deltas();
+  // Short futures (q = -1) against a long call's positive delta: no share of
+  // the futures goes to the call, so f is the call's own relative loss.
+  const double f = std::max({0.0, -d[worst].second, -d[worst].first});
+  const double futRel = 1 * 100 * 0.05;
+  EXPECT_NEAR(c.p.CalcInitialMarg().second, std::fabs(low) + f + futRel, 1e-6);
+}
+
+// ---- Flips and additional boards ----
+
+TEST(FlipTest, PerevorotMarksTheSideThatTurnsThePosition) {
+  TPlainMarginSettings s;
+  s.enableDiscountPerevorot = true;
+  TPortfolio p(s, "C1", -1, "", 0, false);
+  TAsset shortNM = Depo(-10, 10, 1, Disc(1.0, 1e50));
+  shortNM.LockedBuyVal = 100;
+  p.AddAsset("X", shortNM, Own("X", shortNM), true);
+  TAsset cash = Money("SUR", 1000);
+  p.AddAsset("SUR", cash, Own("SUR", cash), true);
+  p.CheckTransactionFlipsPosition('B', 10, 10, p.GetAssetPointer("X"), p.GetAssetPointer("SUR"));
+  EXPECT_TRUE(p.GetAssetPointer("X")->FlipsBuy);
+  EXPECT_TRUE(p.NonMargFlipPosition);
+  TAsset longY = Depo(10, 10, 1, Disc(0.2, 0.3));
+  longY.LockedSellVal = 100;
+  p.AddAsset("Y", longY, Own("Y", longY), true);
+  p.CheckTransactionFlipsPosition('S', 10, 10, p.GetAssetPointer("Y"), p.GetAssetPointer("SUR"));
+  EXPECT_TRUE(p.GetAssetPointer("Y")->FlipsSell);
+  EXPECT_FALSE(p.GetAssetPointer("SUR")->FlipsBuy);  // the money is not short
+}
+
+TEST(FlipTest, WithoutPerevorotASaleCoversOnlyAShortAtLeastItsSize) {
+  TPlainMarginSettings s;
+  TPortfolio p(s, "C1", -1, "", 0, false);
+  TAsset cash = Money("SUR", 1000);
+  p.AddAsset("SUR", cash, Own("SUR", cash), true);
+  TAsset x = Depo(-5, 10, 1, Disc(1.0, 1e50));
+  p.AddAsset("X", x, Own("X", x), true);
+  p.CheckTransactionFlipsPosition('S', 10, 10, p.GetAssetPointer("SUR"), p.GetAssetPointer("X"));
+  EXPECT_FALSE(p.NonMargFlipPosition);  // q = 10 is more than the short of 5
+  p.CheckTransactionFlipsPosition('S', 5, 10, p.GetAssetPointer("SUR"), p.GetAssetPointer("X"));
+  EXPECT_TRUE(p.NonMargFlipPosition);
+}
+
+TEST(AddBoardsTest, CorrectAddBoardAssetsMovesTheShortfallIntoTag6Assets) {
+  TPlainMarginSettings s;
+  TPortfolio p(s, "C1", -1, "", 0, false);
+  TAsset t3 = Money("SUR", 4);
+  t3.TagType = ETagTypes{3};
+  t3.LockedQty = 10;
+  p.AddAdditionalAsset("SUR", t3, "SUR", Disc(0, 0));
+  TAsset t6 = Money("SUR", -10);
+  t6.TagType = ETagTypes{6};
+  p.AddAdditionalAsset("SUR", t6, "SUR", Disc(0, 0));
+  p.CorrectAddBoardAssets();
+  // s = 10 - 4 = 6; t = Positive(6 - 10) = 0; the tag-6 asset takes 6.
+  EXPECT_DOUBLE_EQ(p.GetAdditionalAssets()[1].second.Pos.asDouble(), -4.0);
+  EXPECT_DOUBLE_EQ(p.GetAdditionalAssets()[0].second.Pos.asDouble(), 4.0);
+}
+
+TEST(AddBoardsTest, Tag6CountsOnlyWhenTheMainOperationAssetIsNotMarginal) {
+  TPlainMarginSettings s;
+  TPortfolio p(s, "C1", -1, "", 0, false);
+  TAsset cash = Money("SUR", 1000);
+  p.AddAsset("SUR", cash, Own("SUR", cash), true);
+  TAsset nm = Depo(1, 10, 1, Disc(1.0, 1e50));
+  p.AddAsset("NM", nm, Own("NM", nm), true);
+  TAsset t6 = Money("SUR", -30);
+  t6.TagType = ETagTypes{6};
+  p.AddAdditionalAsset("SUR", t6, "SUR", Disc(0, 0));
+  p.SetOperationAssets("SUR", "NM", "", "");
+  p.ApplyAddBoards({6}, {});
+  EXPECT_DOUBLE_EQ(p.GetAssetPointer("SUR")->LockedQty.asDouble(), 0.0);  // main asset is marginal money
+  p.SetOperationAssets("NM", "SUR", "", "");
+  p.ApplyAddBoards({6}, {});
+  EXPECT_DOUBLE_EQ(p.GetAssetPointer("SUR")->LockedQty.asDouble(), 30.0);
+}
+
+}  // namespace
