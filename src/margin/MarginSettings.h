@@ -28,7 +28,7 @@ class IMarginSettings {
   virtual bool IsUseOwnAssetDiscInSets() const = 0;
   virtual bool IsEnableDiscountPerevorot() const = 0;
   virtual bool IsMDPlusCurrRiskNetting() const = 0;
-  // The security stands in a list of "RestrictSecuritiesProportionInCollateral".
+  // The security stands in a list of "RestrictSecuritiesPropotionInCollateral".
   virtual bool IsRestrictSecuritiesPropotionInCollateral(const std::string& secCode) const = 0;
 };
 

@@ -3,6 +3,7 @@
 
 #include "core/TInfoStorage.h"
 #include "core/TInfoStorageMarginSettings.h"
+#include "margin/TPortfolio.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ TEST(InfoStorageMarginSettingsTest, TheClientsMarginSectionOutranksTheGeneralRat
 TEST(InfoStorageMarginSettingsTest, FirmSwitchesOfTheMethodAreRead) {
   TInfoStorage storage(
       "[General]\nUseMarginalSignsFromDiscSettings=1\nUSEOWNASSETDISCINSETS=1\nENABLEDISCOUNTPEREVOROT=1\n"
-      "MDPlusCurrRiskNetting=0\nFuturesDiscountFromCollateralAmount=1\n",
+      "MDPlusCurrRiskNetting=0\nFuturesDiscountFromCollateralAmount=1\nMDPlusDiffCurrAssetsInSets=1\n",
       2, true);
   TInfoStorageMarginSettings s(storage);
   EXPECT_TRUE(s.IsUseMarginalSignsFromDiscSettings());
@@ -46,6 +47,32 @@ TEST(InfoStorageMarginSettingsTest, FirmSwitchesOfTheMethodAreRead) {
   EXPECT_TRUE(s.IsEnableDiscountPerevorot());
   EXPECT_FALSE(s.IsMDPlusCurrRiskNetting());
   EXPECT_TRUE(s.FuturesDiscountFromCollateralAmount("C1", -1));
+  EXPECT_TRUE(s.IsMDPlusDiffCurrAssetsInSets("C1", -1));
+}
+
+TEST(InfoStorageMarginSettingsTest, ACurrencyOfAMultiCurrencyGroupTakesItsMainCode) {
+  TInfoStorage on("[General]\nSupportMultiCurrency=1\n[AddMultiCurrency]\nSUR=RUB,CNR\n", 2, true);
+  TInfoStorageMarginSettings s(on);
+  EXPECT_EQ(s.MainMultiCurrForCurr("CNR"), "SUR");
+  EXPECT_EQ(s.MainMultiCurrForCurr("SUR"), "SUR");
+  EXPECT_EQ(s.MainMultiCurrForCurr("USD"), "USD");
+  TInfoStorage off("[AddMultiCurrency]\nSUR=RUB,CNR\n", 2, true);
+  EXPECT_EQ(TInfoStorageMarginSettings(off).MainMultiCurrForCurr("CNR"), "CNR");
+}
+
+TEST(InfoStorageMarginSettingsTest, RestrictedProportionInCollateralIsMembershipOfAnyList) {
+  TInfoStorage storage("[RestrictSecuritiesPropotionInCollateral]\nL1=SBER,GAZP\n", 2, true);
+  TInfoStorageMarginSettings s(storage);
+  EXPECT_TRUE(s.IsRestrictSecuritiesPropotionInCollateral("GAZP"));
+  EXPECT_FALSE(s.IsRestrictSecuritiesPropotionInCollateral("LKOH"));
+}
+
+TEST(InfoStorageMarginSettingsTest, APortfolioOnAFirmReadsTheClientsRate) {
+  TInfoStorage storage("[clC1_Margin]\nMDPlusMinMarginCalcRate=0.8\n", 2, true);
+  TInfoStorageMarginSettings s(storage);
+  DL::MDPLUS::TPortfolio p(s, "C1", -1, "", 0, false);
+  EXPECT_DOUBLE_EQ(p.MinMarginRate, 0.8);
+  EXPECT_EQ(p.BaseCurrCode, "SUR");
 }
 
 }  // namespace

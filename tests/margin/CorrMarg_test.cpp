@@ -2,7 +2,10 @@
 // operation's groups, forbidden shorts in a flip, and the log lines.
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <iterator>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "margin/TPortfolio.h"
@@ -292,6 +295,22 @@ TEST(MarginLogTest, PortfolioTypeOneLogsEveryGroup) {
   p.PortfolioType = ptLogAll;
   p.CalcCorrMarg(llNone, nm, false);
   EXPECT_NE(p.GroupRisksToLog().find("Asset:Y; type:depo"), std::string::npos);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(MargParamsLayoutTest, FieldsFollowTheRecordOrder) {
+  using M = DL::MDPLUS::TMargParams;
+  static_assert(std::is_standard_layout_v<M>);
+  const size_t order[] = {offsetof(M, Version),        offsetof(M, minMarg),        offsetof(M, minMargNetto),
+                          offsetof(M, initMarg),       offsetof(M, initMargNetto),  offsetof(M, corrMarg),
+                          offsetof(M, portfolio),      offsetof(M, NPR1_corr),      offsetof(M, NPR2),
+                          offsetof(M, NPR1_corrNetto), offsetof(M, NPR2Netto),      offsetof(M, RestrictLongAsset),
+                          offsetof(M, DecreaseRisk),   offsetof(M, NM_Short)};
+  for (size_t i = 1; i < std::size(order); ++i) EXPECT_LT(order[i - 1], order[i]) << "field " << i;
+  EXPECT_EQ(sizeof(M().Version), 4u);
 }
 
 }  // namespace
