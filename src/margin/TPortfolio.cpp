@@ -712,6 +712,7 @@ void TPortfolio::CalcMargParams(TMargParams& params, ELogLevel level) {
   params.NPR2Netto = params.portfolio - params.minMargNetto;
   params.RestrictLongAsset = RestrictLongAsset;
   params.DecreaseRisk = DecreaseRisk;
+  m_log.str("");
   m_log << params.ToLog() << "\n" << GroupRisksToLog();
 }
 

@@ -85,14 +85,14 @@ class TPortfolio {
   double CalcCorrMarg(ELogLevel level, bool& nmShort, bool operationGroupsOnly) const;
   double CalcCorrMargEx(ELogLevel level, bool operationGroupsOnly) const;
   // All figures at once, with the additional boards of tags 2, 4, 3 and 5
-  // applied for the calculation. The log text is kept (GetLogText).
+  // applied for the calculation. The log text of this calculation replaces
+  // the last one (GetLogText).
   void CalcMargParams(TMargParams& params, ELogLevel level);
   void CalcMargParamsLite(double& cost, double& corrMarg, ELogLevel level);
 
   // The group lines of the last corrected calculation.
   std::string GroupRisksToLog() const;
   std::string GetLogText() const { return m_log.str(); }
-  void ClearLog() { m_log.str(""); }
 
   void ClearInnerStorages();
 

@@ -273,6 +273,8 @@ TEST_F(HandWorkedPortfolioTest, MargParamsGatherTheFiguresAndTheLog) {
   EXPECT_NE(log.find("CalcMarg: Set:Si"), std::string::npos);
   EXPECT_NE(log.find("; thresMarg:               15.00"), std::string::npos);
   EXPECT_NE(log.find("Asset:SBER; type:depo; curr:SUR"), std::string::npos);
+  p.CalcMargParams(m, llAll);
+  EXPECT_EQ(p.GetLogText(), log);  // a second calculation replaces the text
 }
 
 // ---- Properties ----
