@@ -694,6 +694,7 @@ std::pair<double, double> TPortfolio::CalcInitialMarg() const {
 
 void TPortfolio::CalcMargParams(TMargParams& params, ELogLevel level) {
   params.Version = TMargParams::kVersion;
+  params.NM_Short = false;
   const std::set<int> tags{2, 4, 3, 5};
   ApplyAddBoardsToPortfolio(tags, {}, false);
   RestrictLongAsset = 0.0;
