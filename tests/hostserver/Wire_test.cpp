@@ -90,6 +90,19 @@ TEST_F(SocketPair, SilenceLongerThanTheTimeoutEndsTheRead) {
   EXPECT_EQ(ReadFrame(fd_[1], 100, 50, body), EFrameRead::kTimeout);
 }
 
+TEST_F(SocketPair, ALogOnFrameIsTheseBytes) {
+  CAlert logon;
+  logon << std::string("Logon") << std::string("admin") << std::string("pw") << 7001;
+  ASSERT_TRUE(WriteFrame(fd_[0], logon.get_data(), logon.get_size()));
+  const unsigned char expected[40] = {0x24, 0, 0, 0, 4, 0, 0, 0,                              //
+                                      6, 5, 0, 0, 0, 'L', 'o', 'g', 'o', 'n',                 //
+                                      6, 5, 0, 0, 0, 'a', 'd', 'm', 'i', 'n',                 //
+                                      6, 2, 0, 0, 0, 'p', 'w', 3, 0x59, 0x1b, 0, 0};
+  unsigned char raw[40];
+  ASSERT_EQ(::recv(fd_[1], raw, 40, MSG_WAITALL), 40);
+  EXPECT_EQ(std::memcmp(raw, expected, 40), 0);
+}
+
 TEST(MessageCheckTest, AMessageBuiltByCAlertIsWellFormed) {
   CAlert inner, outer;
   inner << 1 << std::string("x");
