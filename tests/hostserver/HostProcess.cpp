@@ -64,8 +64,8 @@ THostProcess::THostProcess(const THostOptions& o) : m_dir(MakeTempDir()) {
                                UsersLine("viewer", 3, 3));
   ::chmod(path("users").c_str(), static_cast<mode_t>(o.usersMode));
   std::string host = "[Host]\nListen=127.0.0.1\nPort=0\nThreads=" + std::to_string(o.threads) +
-                     "\nMaxPending=4\nMaxFrame=" + std::to_string(o.maxFrame) +
-                     "\nIdleTimeout=60\nLogonDelay=" + std::to_string(o.logonDelayMs) +
+                     "\nMaxPending=" + std::to_string(o.maxPending) + "\nMaxFrame=" + std::to_string(o.maxFrame) +
+                     "\nIdleTimeout=" + std::to_string(o.idleTimeoutSeconds) + "\nLogonDelay=" + std::to_string(o.logonDelayMs) +
                      "\nLog=host.log\nUsers=users\nAuditDatabase=audit.db\nClassList=classes.txt\n";
   for (const auto& [key, value] : o.extraHostKeys) host += key + "=" + value + "\n";
   host += "[Ports]\n" + std::to_string(kConnectionPort) + "=Port\n[Port]\nLibraries=dealer-library.ini\n"

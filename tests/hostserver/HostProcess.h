@@ -16,6 +16,8 @@ struct THostOptions {
   int logonDelayMs = 20;
   unsigned maxFrame = 1u << 20;
   int threads = 4;
+  int maxPending = 4;
+  int idleTimeoutSeconds = 60;
   bool audit = true;
   int usersMode = 0600;
   std::map<std::string, std::string> extraHostKeys;  // more keys of [Host]

@@ -315,6 +315,24 @@ TEST_F(HostServerTest, KindThreeMayLogOnButNotWorkWithLibraries) {
   EXPECT_TRUE(host_->AuditRows().empty());
 }
 
+TEST_F(HostServerTest, KindThreeMayNotSaveALibrary) {
+  auto c = LogOn("viewer");
+  CAlert firmRow, dataRow, m;
+  firmRow << std::string("FIRM") << std::string("BETA");
+  dataRow << std::string("DATA") << std::string("[General]\nUSEPGO=1\n");
+  m << firmRow << dataRow;
+  TWireReply r = c->Call("SaveDLFile", m);
+  ASSERT_EQ(r.status, kWireOk);
+  EXPECT_EQ(r.result, 0);
+  std::string module, verb;
+  int code = 0;
+  m >> module >> verb >> code;
+  EXPECT_EQ(module, "ZENT_DL");
+  EXPECT_EQ(verb, "SaveDLFile");
+  EXPECT_EQ(code, 2);
+  EXPECT_EQ(hosttest::ReadFile(host_->path("libs/beta.ini")), "[General]\nCALCVARMARGIN=1\n");
+}
+
 TEST_F(HostServerTest, TwoClientsContendForOneLibraryAndADisconnectReleasesIt) {
   auto a = LogOn("admin");
   auto b = LogOn("trader");
@@ -435,6 +453,47 @@ TEST_F(HostServerTest, SigtermStopsGracefullyAndTellsIdleClients) {
   EXPECT_NE(log.find("dbzent: audit trail closed"), std::string::npos);
   EXPECT_NE(log.find("zent-host: stopped"), std::string::npos);
   host_.reset();
+}
+
+TEST_F(HostServerTest, WhenEveryThreadIsBusyAndTheQueueIsFullANewConnectionIsTurnedAway) {
+  host_->Stop();
+  THostOptions o;
+  o.threads = 1;
+  o.maxPending = 0;
+  StartHost(o);
+  auto first = LogOn("admin");
+  auto second = Connect();
+  TWireReply r = second->ReadReply();
+  EXPECT_EQ(r.status, kWireBusy);
+  EXPECT_TRUE(second->WaitClosed());
+  EXPECT_NE(host_->log().find("refused: every connection thread is busy and the queue is full"), std::string::npos);
+  // The busy connection is served as before, and its thread is free again once it goes.
+  CAlert m;
+  EXPECT_EQ(first->Call("GetDLList", m).status, kWireOk);
+  first->Close();
+  TWireReply later;
+  for (int i = 0; i < 200; ++i) {
+    try {
+      auto third = Connect();
+      later = third->Logon("trader", SecretOf("trader"), kConnectionPort);
+      if (later.status == kWireOk) break;
+    } catch (const CWireError&) {
+      // Turned away before the log-on was sent; try again.
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  EXPECT_EQ(later.status, kWireOk);
+}
+
+TEST_F(HostServerTest, ASilentConnectionIsClosedAfterTheIdleTimeout) {
+  host_->Stop();
+  THostOptions o;
+  o.idleTimeoutSeconds = 1;
+  StartHost(o);
+  auto c = LogOn("admin");
+  EXPECT_TRUE(c->WaitClosed());
+  EXPECT_NE(host_->log().find("closed after 1 s without a whole frame"), std::string::npos);
+  EXPECT_NE(host_->log().find("user[admin] id[1] port[7001] disconnected; Reset returned 1"), std::string::npos);
 }
 
 TEST_F(HostServerTest, AuditingOffForThePortStoresNothing) {
