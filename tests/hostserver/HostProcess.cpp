@@ -108,9 +108,9 @@ bool THostProcess::Start() {
   return false;
 }
 
-int THostProcess::Stop() {
+int THostProcess::Stop(int signal) {
   if (m_pid <= 0) return -1;
-  ::kill(m_pid, SIGTERM);
+  ::kill(m_pid, signal);
   auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
   int status = 0;
   while (std::chrono::steady_clock::now() < deadline) {

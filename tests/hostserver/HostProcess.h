@@ -31,9 +31,9 @@ class THostProcess {
   // Starts the host and waits until it listens; false (with the host's
   // output in `output`) when it does not start within the timeout.
   bool Start();
-  // SIGTERM, then waits for the exit; the exit status, or -1 on a timeout
-  // (the host is then killed).
-  int Stop();
+  // Sends the signal (SIGTERM unless given), then waits for the exit; the exit
+  // status, or -1 on a timeout (the host is then killed).
+  int Stop(int signal = 15);
   // Runs zent-host with the arguments and gives its exit status and output.
   static int Run(const std::vector<std::string>& args, std::string& output);
 

@@ -1,6 +1,7 @@
 // zent-host over TCP: log-on, the module's verbs, the audit trail in SQLite,
 // contention, and every kind of bad input.
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <chrono>
 #include <cstring>
@@ -494,6 +495,20 @@ TEST_F(HostServerTest, ASilentConnectionIsClosedAfterTheIdleTimeout) {
   EXPECT_TRUE(c->WaitClosed());
   EXPECT_NE(host_->log().find("closed after 1 s without a whole frame"), std::string::npos);
   EXPECT_NE(host_->log().find("user[admin] id[1] port[7001] disconnected; Reset returned 1"), std::string::npos);
+}
+
+TEST_F(HostServerTest, SigintStopsGracefullyToo) {
+  auto c = LogOn("admin");
+  EXPECT_EQ(Open(*c, "ALPHA", 0), 0);
+  EXPECT_EQ(host_->Stop(SIGINT), 0);
+  EXPECT_EQ(c->ReadReply().status, kWireStopping);
+  std::string log = host_->log();
+  EXPECT_NE(log.find("zent-host: SIGINT, stopping"), std::string::npos);
+  EXPECT_NE(log.find("user[admin] id[1] port[7001] disconnected; Reset returned 1"), std::string::npos);
+  EXPECT_NE(log.find("zent-host: stopped"), std::string::npos);
+  // The audit trail is complete and readable after the stop.
+  EXPECT_EQ(AuditOf("SRV_USER_BO_DEALLIB_OPEN").size(), 1u);
+  host_.reset();
 }
 
 TEST_F(HostServerTest, AuditingOffForThePortStoresNothing) {
