@@ -55,8 +55,7 @@ void Log(const std::string& text) { HostEvent(0, "zent-host: " + text); }
 THostServer::THostServer(const THostConfig& config, const TDealerModule& module, const TUsersFile& users)
     : m_config(config), m_module(module), m_users(users), m_guard(config.logonDelayMs) {
   // A decoy of the same cost as a real entry: the count of the first user, or the default.
-  int iterations = kDefaultIterations;
-  if (const TUser* any = users.FindById(1)) iterations = any->secret.iterations;
+  int iterations = users.users().empty() ? kDefaultIterations : users.users().front().secret.iterations;
   if (!MakeSecretHash("decoy", iterations, m_decoy)) m_decoy.iterations = 0;
 }
 

@@ -31,6 +31,7 @@ class TUsersFile {
   const TUser* FindByName(const std::string& name) const;
   const TUser* FindById(int id) const;
   std::size_t size() const { return m_users.size(); }
+  const std::vector<TUser>& users() const { return m_users; }
 
   // The line of the file for a user.
   static std::string FormatLine(const TUser& user);

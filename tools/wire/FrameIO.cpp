@@ -24,11 +24,26 @@ int WaitReadable(int fd, int timeoutMs) {
 }
 
 // Reads exactly n bytes; kFrame when done. `first` is true while nothing of
-// the frame has been read, so that a clean close is told apart.
-EFrameRead ReadExactly(int fd, char* to, std::size_t n, int timeoutMs, bool first) {
+// the frame has been read, so that a clean close is told apart. With a stop
+// test, waits in ticks and gives up (kTimeout) once the test says so.
+EFrameRead ReadExactly(int fd, char* to, std::size_t n, int timeoutMs, bool first,
+                       const std::function<bool()>& stop, int tickMs) {
   std::size_t got = 0;
   while (got < n) {
-    int ready = WaitReadable(fd, timeoutMs);
+    int ready = 0;
+    if (stop) {
+      auto start = Clock::now();
+      for (;;) {
+        if (stop()) return EFrameRead::kTimeout;
+        ready = WaitReadable(fd, tickMs);
+        if (ready != 0) break;
+        if (timeoutMs >= 0 &&
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count() >= timeoutMs)
+          break;
+      }
+    } else {
+      ready = WaitReadable(fd, timeoutMs);
+    }
     if (ready == 0) return EFrameRead::kTimeout;
     if (ready < 0) return EFrameRead::kError;
     ssize_t r = ::recv(fd, to + got, n - got, 0);
@@ -54,28 +69,15 @@ std::uint32_t GetLength(const unsigned char in[4]) {
 
 EFrameRead ReadFrame(int fd, std::uint32_t maxLength, int timeoutMs, std::vector<char>& body,
                      std::uint32_t* announced, const std::function<bool()>& stopBefore, int tickMs) {
-  // Between frames: wait in ticks so that a stop request is seen quickly.
-  if (stopBefore) {
-    auto start = Clock::now();
-    for (;;) {
-      if (stopBefore()) return EFrameRead::kTimeout;
-      int ready = WaitReadable(fd, tickMs);
-      if (ready < 0) return EFrameRead::kError;
-      if (ready > 0) break;
-      if (timeoutMs >= 0 &&
-          std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count() >= timeoutMs)
-        return EFrameRead::kTimeout;
-    }
-  }
   unsigned char head[4];
-  EFrameRead r = ReadExactly(fd, reinterpret_cast<char*>(head), 4, timeoutMs, true);
+  EFrameRead r = ReadExactly(fd, reinterpret_cast<char*>(head), 4, timeoutMs, true, stopBefore, tickMs);
   if (r != EFrameRead::kFrame) return r;
   std::uint32_t length = GetLength(head);
   if (announced != nullptr) *announced = length;
   if (length > maxLength) return EFrameRead::kTooLarge;
   body.assign(length, '\0');
   if (length == 0) return EFrameRead::kFrame;
-  r = ReadExactly(fd, body.data(), length, timeoutMs, false);
+  r = ReadExactly(fd, body.data(), length, timeoutMs, false, stopBefore, tickMs);
   return r == EFrameRead::kClosed ? EFrameRead::kError : r;
 }
 

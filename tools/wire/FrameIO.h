@@ -20,8 +20,9 @@ void PutLength(std::uint32_t length, unsigned char out[4]);
 std::uint32_t GetLength(const unsigned char in[4]);
 
 // Reads one frame into `body`. `timeoutMs` bounds every wait for bytes (a
-// negative value waits forever). Between frames, `stopBefore` (when given) is
-// asked every `tickMs`; true ends the read with kTimeout before any byte is taken.
+// negative value waits forever). `stopBefore` (when given) is asked every
+// `tickMs` while waiting; true ends the read with kTimeout, also inside a
+// frame (the part read is dropped: a stopping host takes no new request).
 // `announced` receives the length field when it was read.
 EFrameRead ReadFrame(int fd, std::uint32_t maxLength, int timeoutMs, std::vector<char>& body,
                      std::uint32_t* announced = nullptr, const std::function<bool()>& stopBefore = {},
