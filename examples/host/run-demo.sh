@@ -58,7 +58,8 @@ echo "== administrator session"
 
 echo "== audit trail ($work/audit.db)"
 sqlite3 -header -column "$work/audit.db" \
-  "SELECT id, time, port, user, event, field0 AS user_name, field2 AS library,
+  "SELECT id, time, port, user, event, field0 AS user_name,
+          CASE event WHEN 'SRV_USER_BO_LOGON' THEN NULL ELSE field2 END AS library,
           field4 AS changes, length(field20) AS text_bytes FROM audit ORDER BY id;"
 echo "== changes noted by the last update"
 sqlite3 "$work/audit.db" \
