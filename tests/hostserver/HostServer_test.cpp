@@ -294,6 +294,25 @@ TEST_F(HostServerTest, AWholeDealerApiSessionChangesTheLibraryAndLeavesItsAuditT
   for (int f = 5; f < 20; ++f) EXPECT_EQ(rows[3][kField0 + f], kNull) << f;
 }
 
+TEST_F(HostServerTest, AWholeFileClientOfTheHostsVersionIsAcceptedAndAnOlderOneRefused) {
+  auto c = LogOn("admin");
+  auto init = [&c](const std::string& version) {
+    CAlert m, modules, row;
+    row << std::string("DealerLibEditor") << version << std::string("test");
+    modules << row;
+    m << version << 1033 << modules;
+    EXPECT_EQ(c->Call("Init", m).status, kWireOk);
+    int accepted = -1;
+    m >> accepted;
+    return accepted;
+  };
+  EXPECT_EQ(init(ZDL_VERSION), 1);
+  EXPECT_EQ(init("0.9.0"), 0);
+  EXPECT_NE(host_->log().find("Not supported version. Version of the executable: server: " ZDL_VERSION
+                              ", client: 0.9.0"),
+            std::string::npos);
+}
+
 TEST_F(HostServerTest, KindThreeMayLogOnButNotWorkWithLibraries) {
   auto c = LogOn("viewer");
   CAlert init, modules, row;

@@ -23,6 +23,10 @@
 namespace fs = std::filesystem;
 using namespace ZentHost;
 
+// The host's version record, which the module reads from this executable at
+// ModuleInit and compares with a whole-file client's versions at "Init".
+extern "C" __attribute__((used, section(".version"))) const char kZentHostVersion[] = ZDL_VERSION ".0";
+
 namespace {
 
 constexpr const char* kUsage =
