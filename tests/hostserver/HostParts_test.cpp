@@ -70,7 +70,7 @@ TEST(SecretHashTest, EachHashHasItsOwnSalt) {
 }
 
 TEST(SecretHashTest, AKnownPbkdf2VectorVerifies) {
-  // PBKDF2-HMAC-SHA256, password "password", salt "salt", 1 iteration (RFC 7914 style vector).
+  // The published PBKDF2-HMAC-SHA256 vector: password "password", salt "salt", 1 iteration, 32 bytes.
   TSecretHash h;
   h.iterations = 1;
   h.saltHex = "73616c74";
