@@ -516,6 +516,40 @@ TEST_F(HostServerTest, ASilentConnectionIsClosedAfterTheIdleTimeout) {
   EXPECT_NE(host_->log().find("user[admin] id[1] port[7001] disconnected; Reset returned 1"), std::string::npos);
 }
 
+TEST_F(HostServerTest, ARequestInProgressWhenTheStopComesIsAnswered) {
+  host_->Stop();
+  THostOptions o;
+  o.maxFrame = 64u << 20;
+  StartHost(o);
+  auto c = LogOn("admin");
+  CAlert m;
+  ASSERT_EQ(GetDLFile(*c, "BETA", 0, m), 1);
+  std::string text = "[General]\nUSEPGO=1\n";
+  for (int i = 0; i < 40000; ++i)
+    text += "[clC" + std::to_string(100000 + i) + "_Client_Template]\nMaxOrderQuantity_TQBR=" + std::to_string(i) + "\n";
+  CAlert firmRow, dataRow, request;
+  firmRow << std::string("FIRM") << std::string("BETA");
+  dataRow << std::string("DATA") << text;
+  request << std::string("SaveDLFile") << (CAlert() << firmRow << dataRow);
+  c->SendFrame(request.get_data(), request.get_size());
+  // Once the module has the request, stop the host.
+  for (int i = 0; i < 2000 && host_->log().find("call in SaveDLFile") == std::string::npos; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  ASSERT_NE(host_->log().find("call in SaveDLFile"), std::string::npos);
+  std::thread stopper([this] { EXPECT_EQ(host_->Stop(), 0); });
+  CAlert reply;
+  TWireReply r = c->ReadReply(&reply);
+  EXPECT_EQ(r.status, kWireOk);
+  EXPECT_EQ(r.verb, "SaveDLFile");
+  int cancel = -1;
+  reply >> cancel;
+  EXPECT_EQ(cancel, 0);
+  EXPECT_EQ(c->ReadReply().status, kWireStopping);
+  stopper.join();
+  EXPECT_EQ(AuditOf("SRV_USER_BO_DEALLIB_CHANGE").size(), 1u);
+  host_.reset();
+}
+
 TEST_F(HostServerTest, SigintStopsGracefullyToo) {
   auto c = LogOn("admin");
   EXPECT_EQ(Open(*c, "ALPHA", 0), 0);
