@@ -533,7 +533,7 @@ TEST_F(HostServerTest, ARequestInProgressWhenTheStopComesIsAnswered) {
   request << std::string("SaveDLFile") << (CAlert() << firmRow << dataRow);
   c->SendFrame(request.get_data(), request.get_size());
   // Once the module has the request, stop the host.
-  for (int i = 0; i < 2000 && host_->log().find("call in SaveDLFile") == std::string::npos; ++i)
+  for (int i = 0; i < 5000 && host_->log().find("call in SaveDLFile") == std::string::npos; ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   ASSERT_NE(host_->log().find("call in SaveDLFile"), std::string::npos);
   std::thread stopper([this] { EXPECT_EQ(host_->Stop(), 0); });
