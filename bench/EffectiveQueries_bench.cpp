@@ -7,13 +7,13 @@
 // Cold: the first query for a client on a freshly loaded firm (the caches
 // parse the client's settings). Warm: the same query again. The warm figure
 // is measured for firms of 1 000 to 100 000 clients. The memory benchmark
-// reports the process's resident size of the loaded firm and of its caches
+// reports the heap bytes in use of the loaded firm and of its caches
 // after every client has been asked, against the size of the text.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
+#include <malloc.h>
 #include <map>
 #include <memory>
 #include <random>
@@ -146,26 +146,21 @@ void BM_IsSecurityRestrictedCold(benchmark::State& state) {
 }
 BENCHMARK(BM_IsSecurityRestrictedCold)->Iterations(100000);
 
-// Resident memory of the process in bytes (Linux).
-double ResidentBytes() {
-  std::ifstream statm("/proc/self/statm");
-  long pages = 0, resident = 0;
-  statm >> pages >> resident;
-  return static_cast<double>(resident) * 4096.0;
-}
+// Bytes the heap has handed out and not taken back (glibc).
+double HeapBytes() { return static_cast<double>(mallinfo2().uordblks); }
 
 void BM_MemoryOfFirmAndCaches(benchmark::State& state) {
   const TFirmText& f = Firm(50000);
   for (auto _ : state) {
-    const double before = ResidentBytes();
+    const double before = HeapBytes();
     auto storage = std::make_unique<TInfoStorage>(f.text.c_str(), 2, false);
-    const double loaded = ResidentBytes();
+    const double loaded = HeapBytes();
     TDiscountsEx out;
     for (const std::string& c : f.clients) {
       Discounts(*storage, c, out);
       benchmark::DoNotOptimize(Restricted(*storage, c));
     }
-    const double asked = ResidentBytes();
+    const double asked = HeapBytes();
     state.counters["text_MB"] = static_cast<double>(f.text.size()) / 1e6;
     state.counters["loaded_MB"] = (loaded - before) / 1e6;
     state.counters["after_50000_asked_MB"] = (asked - before) / 1e6;

@@ -48,6 +48,19 @@ const typename Map::mapped_type* FindIn(const Map& map, std::string_view key) {
   return it == map.end() ? nullptr : &it->second;
 }
 
+// "DiscountsTypeByClasses" of the class (the maps ignore case), client's
+// limit kind 0 then the global one, else the body's "UseDiscountsType".
+int DiscountTypeOf(const TMarginLookup& m, int kind, const char* classCode) {
+  if (classCode == nullptr || *classCode == '\0') return 3;
+  const TBody* body = TEffectiveMarginStorage(m.client).FindOrZero(static_cast<std::uint64_t>(kind));
+  if (body == nullptr) return 3;
+  const std::string_view cls = classCode;
+  for (const TBody* b : {ZeroBody(m.client), ZeroBody(m.global)})
+    if (b != nullptr)
+      if (const int* type = FindIn(b->discountsTypeByClasses, cls)) return *type;
+  return body->useDiscountsType.value;
+}
+
 }  // namespace
 
 // ---- Limit kinds ----
@@ -195,14 +208,7 @@ bool TInfoStorage::IsSecurityAllowed(const char* client, const char* classCode, 
 
 int TInfoStorage::GetDiscountType(const char* client, int kind, double leverage, const char* classCode) const {
   if (classCode == nullptr || *classCode == '\0') return 3;
-  const TMarginLookup m = LookupMargin(Hub(), client, leverage);
-  const TBody* body = TEffectiveMarginStorage(m.client).FindOrZero(static_cast<std::uint64_t>(kind));
-  if (body == nullptr) return 3;
-  const std::string cls = StrUpper(classCode);
-  for (const TBody* b : {ZeroBody(m.client), ZeroBody(m.global)})
-    if (b != nullptr)
-      if (const int* type = FindIn(b->discountsTypeByClasses, cls)) return *type;
-  return body->useDiscountsType.value;
+  return DiscountTypeOf(LookupMargin(Hub(), client, leverage), kind, classCode);
 }
 
 TEffectiveDiscounts TInfoStorage::GetActualEffectiveDiscountsSettings(const char* secCode, const char* classCode,
@@ -243,7 +249,7 @@ TEffectiveDiscounts TInfoStorage::GetActualEffectiveDiscountsSettings(const char
       line = global->securityDiscounts.Find(r.secCode);
     }
   }
-  r.discountType = GetDiscountType(client, kind, leverage, classCode);
+  r.discountType = DiscountTypeOf(m, kind, classCode);
   r.restrictCoeff = zero != nullptr && zero->baseDiscCoeff.value > 0.0;
   // Below the global level a line not found at the client's level comes
   // from the global settings when limit kind 0 holds a positive coefficient.
