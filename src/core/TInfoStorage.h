@@ -14,8 +14,12 @@
 #include "commission/TypeAndRate.h"
 #include "core/DLTypes.h"
 #include "core/TGeneralSettings.h"
+#include "settings/TypedSections.h"
 
 class TLogWriter;
+namespace DLTypes {
+class Storage;
+}
 
 namespace DL {
 
@@ -160,6 +164,16 @@ class TInfoStorage {
                                 const char* currency) const;
   // The main code of a replaceable security, else the code itself.
   std::string GetMainSec(const char* classCode, const char* secCode) const;
+  // The typed store (sets of instruments, margin templates); null when the
+  // storage was built without it.
+  const DLTypes::Storage* GetTypedStore() const;
+  // The margin template that claims the client at the leverage (by leverage
+  // first, then by client); null without the typed store or a claim.
+  const DLTypes::MarginTemplate* GetMarginTemplate(const char* client, double leverage) const;
+  // The sets of instruments with dependent prices that apply to the client:
+  // its template's, or the global ones when "UseSetsForNonTemplateClients"
+  // is set; empty without the typed store.
+  DLTypes::TSetsByName GetEffectiveSetOfInstrumentsByClient(const char* client, double leverage) const;
 
   TStorageHub& Hub() const;
 
