@@ -123,6 +123,12 @@ class TInfoStorage {
                                              const char* secCode, int kind, ESide side) const;
   // The security may be traded by the "AllowedSecurity" lists.
   bool IsSecurityAllowed(const char* client, const char* classCode, const char* secCode, double leverage) const;
+  // The security may be traded by the firm's trade-account lists: false
+  // when "SecurityProhibitedTrdAcc" lists it for the class (or "<ALL>"),
+  // else, when "SecurityAllowedTrdAcc" names the class, true only if it
+  // lists it; true otherwise. The side does not change the answer.
+  bool IsSecurityAllowedTrdAcc(const char* client, const char* classCode, const char* secCode, ESide side,
+                               double leverage) const;
   // "DiscountsTypeByClasses" of the class (client, then global), else the
   // body's "UseDiscountsType"; 3 for an empty class or without a body.
   int GetDiscountType(const char* client, int kind, double leverage, const char* classCode) const;

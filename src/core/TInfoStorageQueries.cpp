@@ -204,6 +204,21 @@ bool TInfoStorage::IsSecurityAllowed(const char* client, const char* classCode, 
   return !it->second.Contains(sec);
 }
 
+bool TInfoStorage::IsSecurityAllowedTrdAcc(const char* /*client*/, const char* classCode, const char* secCode,
+                                           ESide /*side*/, double /*leverage*/) const {
+  const TStorageHub& hub = Hub();
+  const std::string_view cls = Safe(classCode), sec = Safe(secCode);
+  auto listed = [&](const TStorageHub::TCodeToList& lists, bool& classKnown) {
+    const auto it = lists.find(cls);
+    classKnown = it != lists.end();
+    return classKnown && (it->second.Contains(sec) || it->second.Contains("<ALL>"));
+  };
+  bool known = false;
+  if (listed(hub.GetSecurityProhibitedTrdAcc(), known)) return false;
+  const bool allowed = listed(hub.GetSecurityAllowedTrdAcc(), known);
+  return !known || allowed;
+}
+
 // ---- Discounts ----
 
 int TInfoStorage::GetDiscountType(const char* client, int kind, double leverage, const char* classCode) const {

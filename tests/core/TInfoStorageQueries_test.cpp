@@ -204,6 +204,16 @@ TEST(QueriesAllowedTest, WithCheckClientTheClientsOwnListIsUsed) {
   EXPECT_TRUE(storage.IsSecurityAllowed("C2", "CETS", "USD", -1.0));
 }
 
+TEST(QueriesAllowedTest, TradeAccountListsProhibitFirstThenAllow) {
+  TInfoStorage storage("[SecurityAllowedTrdAcc]\nTQBR=SBER,GAZP\n[SecurityProhibitedTrdAcc]\nTQBR=GAZP\nTQTF=<ALL>\n",
+                       2, false);
+  EXPECT_TRUE(storage.IsSecurityAllowedTrdAcc("C1", "TQBR", "SBER", DL::sdBuy, -1.0));
+  EXPECT_FALSE(storage.IsSecurityAllowedTrdAcc("C1", "TQBR", "GAZP", DL::sdBuy, -1.0));  // prohibited wins
+  EXPECT_FALSE(storage.IsSecurityAllowedTrdAcc("C1", "TQBR", "LKOH", DL::sdSell, -1.0));  // not in the allowed list
+  EXPECT_FALSE(storage.IsSecurityAllowedTrdAcc("C1", "TQTF", "FXGD", DL::sdBuy, -1.0));   // "<ALL>" prohibited
+  EXPECT_TRUE(storage.IsSecurityAllowedTrdAcc("C1", "CETS", "USD", DL::sdBuy, -1.0));     // class in no list
+}
+
 // ---- Currency identity ----
 
 TEST(QueriesCurrencyTest, RubAndRurBecomeTheMainRubles) {
