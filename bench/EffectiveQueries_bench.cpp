@@ -35,7 +35,8 @@ std::string Code(char head, int n) {
 
 struct TFirmText {
   std::string text;
-  std::vector<std::string> clients;  // shuffled, every level mixed
+  std::vector<std::string> inOrder;  // in the order of the text: personal, template, prefix
+  std::vector<std::string> clients;  // the same, shuffled: every level mixed
 };
 
 TFirmText MakeFirm(int total) {
@@ -67,6 +68,7 @@ TFirmText MakeFirm(int total) {
       t += "[clQ" + std::to_string(a) + std::to_string(b) + "*_Margin]\nUseSecurityDiscounts=0\n";
   }
   for (int i = 0; i < prefixed; ++i) f.clients.push_back(Code('Q', i));
+  f.inOrder = f.clients;
   std::shuffle(f.clients.begin(), f.clients.end(), std::mt19937(42));
   return f;
 }
@@ -86,17 +88,21 @@ bool Restricted(const TInfoStorage& s, const std::string& client) {
   return s.IsSecurityRestricted(client.c_str(), -1.0, "TQBR", "S2", 0);
 }
 
+// range(0): clients in the firm; range(1): 1 asks them in a random order,
+// 0 in the order of the text (neighbouring clients' settings lie together
+// in memory, as in a host that walks its clients in turn).
 template <class Query>
 void Warm(benchmark::State& state, Query query) {
   const TFirmText& f = Firm(static_cast<int>(state.range(0)));
+  const std::vector<std::string>& order = state.range(1) != 0 ? f.clients : f.inOrder;
   TInfoStorage storage(f.text.c_str(), 2, false);
-  for (const std::string& c : f.clients) query(storage, c);
+  for (const std::string& c : order) query(storage, c);
   std::size_t i = 0;
   for (auto _ : state) {
-    query(storage, f.clients[i]);
-    if (++i == f.clients.size()) i = 0;
+    query(storage, order[i]);
+    if (++i == order.size()) i = 0;
   }
-  state.SetLabel(std::to_string(f.clients.size()) + " clients");
+  state.SetLabel(std::to_string(order.size()) + (state.range(1) != 0 ? " clients, random" : " clients, in turn"));
 }
 
 // Every timed query is the first for its client on the loaded firm; the
@@ -125,7 +131,7 @@ void BM_EffectiveDiscountsWarm(benchmark::State& state) {
     benchmark::DoNotOptimize(out);
   });
 }
-BENCHMARK(BM_EffectiveDiscountsWarm)->Arg(1000)->Arg(10000)->Arg(50000)->Arg(100000);
+BENCHMARK(BM_EffectiveDiscountsWarm)->ArgsProduct({{1000, 10000, 50000, 100000}, {0, 1}});
 
 void BM_EffectiveDiscountsCold(benchmark::State& state) {
   TDiscountsEx out;
@@ -139,7 +145,7 @@ BENCHMARK(BM_EffectiveDiscountsCold)->Iterations(100000);
 void BM_IsSecurityRestrictedWarm(benchmark::State& state) {
   Warm(state, [](const TInfoStorage& s, const std::string& c) { benchmark::DoNotOptimize(Restricted(s, c)); });
 }
-BENCHMARK(BM_IsSecurityRestrictedWarm)->Arg(1000)->Arg(10000)->Arg(50000)->Arg(100000);
+BENCHMARK(BM_IsSecurityRestrictedWarm)->ArgsProduct({{1000, 10000, 50000, 100000}, {0, 1}});
 
 void BM_IsSecurityRestrictedCold(benchmark::State& state) {
   Cold(state, [](const TInfoStorage& s, const std::string& c) { benchmark::DoNotOptimize(Restricted(s, c)); });

@@ -10,6 +10,9 @@ namespace {
 
 bool IsSet(double v) { return v >= 0.0; }
 
+// x^e; the common exponent 1 needs no pow.
+double Power(double x, double e) { return e == 1.0 ? x : std::pow(x, e); }
+
 // A discount kept on the discount trade account: -1 is 1.0, 0 says nothing
 // (the settings decide), any other value is thousandths.
 bool DiscountFromQuantity(double qty, double cap, double& out) {
@@ -66,7 +69,7 @@ void GetEffectiveDiscountsLongMin(const TEffectiveDiscounts& rec, TDiscountsEx& 
     return;
   }
   const double e = (1.0 + rec.stockCoefLong) * 0.5;
-  const double m = 1.0 - std::pow(1.0 - out.DLong, e);
+  const double m = 1.0 - Power(1.0 - out.DLong, e);
   out.DLongMin = std::min(std::max(m, rec.DLongMin), out.DLong);
 }
 
@@ -76,7 +79,7 @@ void GetEffectiveDiscountsShortMin(const TEffectiveDiscounts& rec, TDiscountsEx&
     return;
   }
   const double e = (1.0 + rec.stockCoefShort) * 0.5;
-  const double m = std::pow(1.0 + out.DShort, e) - 1.0;
+  const double m = Power(1.0 + out.DShort, e) - 1.0;
   out.DShortMin = std::min(std::max(m, rec.DShortMin), out.DShort);
 }
 

@@ -34,6 +34,7 @@ struct TEffectiveDiscounts {
   bool useGlobalDiscounts = true;   // the body does not say DoNotUseGlobalDiscounts
   bool restrictCoeff = false;       // the limit kind 0 body holds a positive BaseDiscCoeff
   bool allowMarginTrading = false;  // the client's credit type trades on margin by discounts
+  int creditType = 1;               // the client's credit type ("CREDITLAG", "ClientLag")
 };
 
 // The firm's switches and the request's own, for GetEffectiveDiscountsEx2.

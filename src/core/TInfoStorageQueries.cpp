@@ -241,6 +241,7 @@ TEffectiveDiscounts TInfoStorage::GetActualEffectiveDiscountsSettings(const char
   const TBody* zero = ZeroBody(m.client);
   const TBody* global = ZeroBody(m.global);
   const int creditType = hub.General().GetCreditType(Safe(client));
+  r.creditType = creditType;
   r.allowMarginTrading = creditType == kCreditTypeMarginByDiscounts;
 
   const TSecurityDiscounts* line = nullptr;
@@ -294,23 +295,35 @@ TEffectiveDiscounts TInfoStorage::GetActualEffectiveDiscountsSettings(const char
   return r;
 }
 
-int TInfoStorage::GetEffectiveDiscountsEx2(TDiscountsEx& out, const TEffectiveDiscounts& rec, const char* client,
-                                           const char* currency, unsigned flags, double priceLong,
-                                           double priceShort, double qtyLong, double qtyShort) const {
-  const TGeneralSettings& g = Hub().General();
+namespace {
+
+// The request of GetEffectiveDiscountsEx2 for a client of a known credit type.
+TDiscountRequest MakeRequest(const TGeneralSettings& g, int creditType, const char* client, const char* currency,
+                             unsigned flags, double priceLong, double priceShort, double qtyLong, double qtyShort) {
   TDiscountRequest req;
-  req.creditType = g.GetCreditType(Safe(client));
+  req.creditType = creditType;
   req.clientEmpty = client == nullptr || *client == '\0';
   req.marginalSigns = g.GetUseMarginalSignsFromDiscSettings();
   req.doNotApplyCoeffToOwn = g.GetDoNotApplyCoeffToOwnDiscounts();
   req.discountTrdAcc = !g.GetDiscountTrdAcc().empty();
-  req.marginal = (flags & dfMarginal) != 0;
-  req.uncapped = (flags & dfUncapped) != 0;
+  req.marginal = (flags & TInfoStorage::dfMarginal) != 0;
+  req.uncapped = (flags & TInfoStorage::dfUncapped) != 0;
   req.currency = Safe(currency);
   req.priceLong = priceLong;
   req.priceShort = priceShort;
   req.qtyLong = qtyLong;
   req.qtyShort = qtyShort;
+  return req;
+}
+
+}  // namespace
+
+int TInfoStorage::GetEffectiveDiscountsEx2(TDiscountsEx& out, const TEffectiveDiscounts& rec, const char* client,
+                                           const char* currency, unsigned flags, double priceLong,
+                                           double priceShort, double qtyLong, double qtyShort) const {
+  const TGeneralSettings& g = Hub().General();
+  const TDiscountRequest req = MakeRequest(g, g.GetCreditType(Safe(client)), client, currency, flags, priceLong,
+                                           priceShort, qtyLong, qtyShort);
   out = TDiscountsEx{};
   return DL::GetEffectiveDiscountsEx2(rec, req, IsEqualCurrencies(rec.RCur, req.currency), out);
 }
@@ -325,7 +338,11 @@ int TInfoStorage::GetEffectiveDiscountsEx(TDiscountsEx& out, const char* client,
     out = NM_Discs;
     return 1;
   }
-  return GetEffectiveDiscountsEx2(out, rec, client, currency, flags, priceLong, priceShort, qtyLong, qtyShort);
+  // The client's credit type was found with the record.
+  const TDiscountRequest req =
+      MakeRequest(Hub().General(), rec.creditType, client, currency, flags, priceLong, priceShort, qtyLong, qtyShort);
+  out = TDiscountsEx{};
+  return DL::GetEffectiveDiscountsEx2(rec, req, IsEqualCurrencies(rec.RCur, req.currency), out);
 }
 
 // ---- Currency identity ----
