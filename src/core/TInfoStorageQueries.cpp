@@ -409,6 +409,9 @@ bool TInfoStorage::DoesSupportMultiCurrency(const char* client, double leverage,
   const auto& byClass = Hub().GetMultiCurrencyByClass();
   const auto it = byClass.find(std::string_view(classCode));
   if (it == byClass.end()) return false;
+  // The class must list the currency, and the currency must belong to a
+  // multi-currency group of the client whose main code the class lists too.
+  if (!it->second.Contains(currency)) return false;
   const char* main = GetMainCurrency(client, leverage, currency);
   return main != nullptr && it->second.Contains(main);
 }

@@ -194,6 +194,13 @@ TEST(QueriesAllowedTest, GlobalListWithoutCheckClient) {
   EXPECT_TRUE(storage.IsSecurityAllowed("", "TQBR", "SBER", -1.0));
 }
 
+TEST(QueriesAllowedTest, TheEmptyClientGetsTheGlobalListWithCheckClient) {
+  TInfoStorage storage("[General]\nCheckClient=1\n[AllowedSecurity]\nTQBR=SBER\n[clC1]\nTQBR_SECURITY=LKOH\n", 2,
+                       false);
+  EXPECT_TRUE(storage.IsSecurityAllowed("", "TQBR", "SBER", -1.0));
+  EXPECT_FALSE(storage.IsSecurityAllowed("", "TQBR", "LKOH", -1.0));
+}
+
 TEST(QueriesAllowedTest, WithCheckClientTheClientsOwnListIsUsed) {
   TInfoStorage storage("[General]\nCheckClient=1\n[AllowedSecurity]\nTQBR=SBER\n[clC1]\nTQBR_SECURITY=LKOH\n", 2,
                        false);
@@ -242,6 +249,19 @@ TEST(QueriesCurrencyTest, MainCurrencyOfAMultiCurrencyGroup) {
   EXPECT_EQ(storage.GetMainCurrency("C1", -1.0, ""), nullptr);
   EXPECT_EQ(storage.GetMainCurrency("C2", -1.0, "UST"), nullptr);  // the client is excluded
   EXPECT_FALSE(storage.DoesClientSupportMultiCurrency("C2"));
+}
+
+TEST(QueriesCurrencyTest, MultiCurrencyOfAClassAndASecurity) {
+  TInfoStorage storage(
+      "[General]\nSupportMultiCurrency=1\nMULTICURRINSTRCLASSES=CETS\n[AddMultiCurrency]\nUSD=UST\n"
+      "[ClientsNoMultiCurrency]\nClients=C2\n",
+      2, false);
+  EXPECT_TRUE(storage.DoesSupportMultiCurrency("C1", -1.0, "CETS", "USD000", "UST"));
+  EXPECT_TRUE(storage.DoesSupportMultiCurrency("C1", -1.0, "CETS", "USD000", "USD"));
+  EXPECT_FALSE(storage.DoesSupportMultiCurrency("C1", -1.0, "CETS", "USD000", "EUR"));
+  EXPECT_FALSE(storage.DoesSupportMultiCurrency("C1", -1.0, "TQBR", "SBER", "UST"));  // not a multi-currency class
+  EXPECT_FALSE(storage.DoesSupportMultiCurrency("C2", -1.0, "CETS", "USD000", "UST"));
+  EXPECT_FALSE(storage.DoesSupportMultiCurrency("C1", -1.0, "CETS", "", "UST"));  // a missing code
 }
 
 TEST(QueriesCurrencyTest, MultiCurrencyOffGivesNull) {
