@@ -12,10 +12,9 @@ class ICurrencyIdentity {
   // The firm's main rubles code: "SUR" unless "SubstitutableCurrencies"
   // gives "SUR" another main currency.
   virtual std::string_view GetMainRublesCode() const = 0;
-  // True when the two codes have the same main currency: a rubles
-  // equivalent ("SUR", "RUR", "RUB" and the substitutes of the main
-  // rubles) counts as the main rubles, any other substitute as its main
-  // currency. Codes are compared ignoring case. No allocation.
+  // True when the two codes are the same or have the same main currency
+  // ("RUB" and "RUR" count as the main rubles, a substitute as its main
+  // currency); false when either is empty. No allocation.
   virtual bool IsEqualCurrencies(std::string_view a, std::string_view b) const = 0;
 };
 

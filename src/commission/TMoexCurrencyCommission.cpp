@@ -30,13 +30,6 @@ bool AllDigits(std::string_view s) {
 
 char Upper(char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); }
 
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    if (Upper(a[i]) != Upper(b[i])) return false;
-  return true;
-}
-
 // The firm's rate of the class, -1.0 when the map has none. Class codes are
 // short: the upper-case key is built on the stack.
 double RateOf(const TMoexCurrencyCommission::TClassRates& rates, std::string_view classCode) {
@@ -122,20 +115,18 @@ constexpr double kSpotClearingShare = 0.425;
 constexpr double kSwapOrgShare = 0.47916666666666663;
 constexpr double kSwapClearingShare = 0.5208333333333333;
 
-// The currency identity of a firm without settings of its own.
+// The currency identity of a firm without settings of its own: main rubles
+// "SUR", no substitutes.
 class TDefaultCurrencyIdentity final : public ICurrencyIdentity {
  public:
   std::string_view GetMainRublesCode() const override { return "SUR"; }
   bool IsEqualCurrencies(std::string_view a, std::string_view b) const override {
-    return EqualIgnoringCase(Main(a), Main(b));
+    if (a.empty() || b.empty()) return false;
+    return a == b || Main(a) == Main(b);
   }
 
  private:
-  static std::string_view Main(std::string_view c) {
-    for (std::string_view rub : {"SUR", "RUR", "RUB"})
-      if (EqualIgnoringCase(c, rub)) return "SUR";
-    return c;
-  }
+  static std::string_view Main(std::string_view c) { return c == "RUB" || c == "RUR" ? "SUR" : c; }
 };
 
 const ICurrencyIdentity& DefaultIdentity() {

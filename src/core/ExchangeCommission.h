@@ -3,10 +3,10 @@
 // (trading system, organiser, clearing) in the deal's currency, from the
 // tariff that prices the deal's board or class.
 //
-// A class of the currency market (TMoexCurrencyCommission::IsCurrencyMarket
-// Class: "CETS", "FUTS", "GLDRUB_MTL"-style classes ending in "MTL" or "_SU"
-// ...) is priced by the firm's currency-market tariff with the firm's rates
-// of the class ("BOARDCOMMISSION", "ORGCOMMISSION", "CLEARINGCOMMISSION").
+// A class of the currency market ("CETS", "FUTS", classes ending in "MTL" or
+// "_SU" ...: TMoexCurrencyCommission::IsCurrencyMarketClass) is priced by the
+// firm's currency-market tariff with the firm's rates of the class
+// ("BOARDCOMMISSION", "ORGCOMMISSION", "CLEARINGCOMMISSION").
 // Any other code is priced by the board tariff of the firm's schedule, or
 // that of "DEFAULT" for a board the schedule does not know.
 //

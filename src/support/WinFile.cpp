@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <string>
 
 #include "support/Buffer.h"
 
@@ -130,13 +131,57 @@ BOOL SetEndOfFile(HANDLE file) {
   return 1;
 }
 
+namespace {
+
+// fsync() of a path opened for reading; the flush reaches the file's data
+// whichever descriptor wrote it. O_NONBLOCK keeps a FIFO from hanging the open
+// (its fsync then fails with EINVAL, as it should). 0 or an errno value.
+int SyncPath(const char* path, int extraFlags) {
+  int fd;
+  do {
+    fd = ::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | extraFlags);
+  } while (fd < 0 && errno == EINTR);
+  if (fd < 0) return errno;
+  int error = ::fsync(fd) == 0 ? 0 : errno;
+  ::close(fd);
+  return error;
+}
+
+// The folder a path lives in: everything before its last '/', or ".".
+std::string FolderOf(const char* path) {
+  std::string folder(path);
+  std::size_t slash = folder.rfind('/');
+  if (slash == std::string::npos) return ".";
+  if (slash == 0) return "/";
+  folder.resize(slash);
+  return folder;
+}
+
+}  // namespace
+
 BOOL MoveFileEx(const char* from, const char* to, DWORD flags) {
+  if ((flags & MOVEFILE_WRITE_THROUGH) != 0) {
+    // The data goes to the disk before the name does: a crash after the
+    // rename then finds the whole new text, never an empty file.
+    if (int error = SyncPath(from, 0); error != 0) {
+      SetLastError(error);
+      return 0;
+    }
+  }
   int rc = (flags & MOVEFILE_REPLACE_EXISTING) != 0
                ? std::rename(from, to)
                : ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
   if (rc != 0) {
     SetLastError(errno);
     return 0;
+  }
+  if ((flags & MOVEFILE_WRITE_THROUGH) != 0) {
+    // The rename itself lives in the folder; a folder that cannot be flushed
+    // (EINVAL: the file system has no such flush) is taken as written.
+    if (int error = SyncPath(FolderOf(to).c_str(), O_DIRECTORY); error != 0 && error != EINVAL) {
+      SetLastError(error);
+      return 0;
+    }
   }
   return 1;
 }

@@ -44,7 +44,8 @@ enum EFileMoveMethod : DWORD {
   FILE_END = 2,
 };
 
-// Flags of MoveFileEx. Only MOVEFILE_REPLACE_EXISTING changes anything.
+// Flags of MoveFileEx. MOVEFILE_REPLACE_EXISTING chooses rename over the
+// target; MOVEFILE_WRITE_THROUGH makes the move durable (see MoveFileEx).
 enum EMoveFileFlags : DWORD {
   MOVEFILE_REPLACE_EXISTING = 1,
   MOVEFILE_WRITE_THROUGH = 8,
@@ -80,7 +81,10 @@ BOOL DeleteFile(const char* path);
 BOOL SetEndOfFile(HANDLE file);
 // With MOVEFILE_REPLACE_EXISTING rename(), which replaces the target;
 // otherwise renameat2() with RENAME_NOREPLACE, which fails on an existing
-// target. 1 or 0.
+// target. With MOVEFILE_WRITE_THROUGH the source is flushed to the disk
+// before the move (a failed flush fails the call and moves nothing) and the
+// target's folder after it (a failure there fails the call, though the move
+// is done). 1 or 0.
 BOOL MoveFileEx(const char* from, const char* to, DWORD flags);
 
 namespace Library::WinFile {

@@ -373,6 +373,39 @@ TEST_F(WinFileTest, MoveFileExOfAMissingSourceFails) {
   ExpectFailureNoted(ENOENT);
 }
 
+TEST_F(WinFileTest, MoveFileExWriteThroughThatCannotFlushTheSourceMovesNothing) {
+  // A FIFO opens but cannot be flushed: the move must fail before the rename.
+  std::string from = dir.File("from"), to = dir.File("to");
+  ASSERT_EQ(::mkfifo(from.c_str(), 0600), 0);
+  WriteBytes(to, "old");
+  SetLastError(0);
+  EXPECT_EQ(MoveFileEx(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH), 0);
+  ExpectFailureNoted(EINVAL);
+  EXPECT_EQ(ReadBytes(to), "old");
+  EXPECT_EQ(::access(from.c_str(), F_OK), 0);
+}
+
+TEST_F(WinFileTest, MoveFileExWithoutWriteThroughMovesAFifoAsAName) {
+  std::string from = dir.File("from"), to = dir.File("to");
+  ASSERT_EQ(::mkfifo(from.c_str(), 0600), 0);
+  WriteBytes(to, "old");
+  EXPECT_EQ(MoveFileEx(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING), 1);
+  EXPECT_NE(::access(from.c_str(), F_OK), 0);
+}
+
+TEST_F(WinFileTest, MoveFileExWriteThroughIntoTheWorkingFolder) {
+  // A bare file name: the folder flushed after the move is the working one.
+  std::string from = dir.File("from");
+  WriteBytes(from, "new");
+  char cwd[4096];
+  ASSERT_NE(::getcwd(cwd, sizeof cwd), nullptr);
+  ASSERT_EQ(::chdir(dir.Path().c_str()), 0);
+  BOOL moved = MoveFileEx("from", "to", MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+  ASSERT_EQ(::chdir(cwd), 0);
+  EXPECT_EQ(moved, 1);
+  EXPECT_EQ(ReadBytes(dir.File("to")), "new");
+}
+
 // ---- CFile ------------------------------------------------------------------------
 
 TEST_F(WinFileTest, CFileOnAMissingFileWithOpenExistingIsNotValid) {
