@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "commission/TariffExpect.h"
+#include "core/DLDates.h"
 
 namespace {
 
@@ -521,6 +522,28 @@ TEST(MoexCurrencyCommissionDatesTest, RepeatedAndManyDatesConvertAlike) {
         ASSERT_EQ(c.SettleDay2, TMoexCurrencyCommission::SettleDayNumber(d2)) << d2;
       }
     }
+  }
+}
+
+}  // namespace
+
+namespace {
+
+// The tariff converts settle dates as the library's date helper does: the
+// same dates convert, to the same midnight.
+TEST(MoexCurrencyCommissionDatesTest, SettleDaysFollowTheServerDateConversion) {
+  for (long date : {0L, 19000101L, 19700101L, 20240229L, 20241231L, 20250431L, 20251301L, 20250100L, 20250132L,
+                    18991231L, -20250101L, 99991231L}) {
+    std::tm t{};
+    const bool converts = DL::ConvertServerSettleDateToTm(date, t);
+    const std::int64_t day = TMoexCurrencyCommission::SettleDayNumber(date);
+    if (!converts) {
+      EXPECT_EQ(day, -1) << date;
+      continue;
+    }
+    const std::time_t seconds = std::mktime(&t);
+    EXPECT_EQ(day, seconds == static_cast<std::time_t>(-1) ? -1 : static_cast<std::int64_t>(seconds) / 86400)
+        << date;
   }
 }
 
