@@ -23,8 +23,7 @@
 // prepared per deal.
 #include <string_view>
 
-#include "core/DLTypes.h"
-#include "margin/ZDepoCount.h"
+#include "commission/ABoardTariff.h"
 
 namespace DL {
 
