@@ -2,7 +2,7 @@
 
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 using DL::TInfoStorage;
 

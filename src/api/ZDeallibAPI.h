@@ -4,7 +4,7 @@
 // code; a firm that is not loaded gives 2. Arrays passed in stay the caller's;
 // arrays and strings handed out belong to the firm's memory until given back
 // with ZDL_FreeMemory (and die with the firm).
-#include "api/ZDLTypes.h"
+#include "base/ApiRecords.h"
 
 namespace DL {
 class TFirmManager;

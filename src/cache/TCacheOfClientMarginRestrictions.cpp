@@ -2,8 +2,7 @@
 
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/TUniversalParser.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -78,7 +77,7 @@ void ReadCorrelationSetting(int read, int def, int base, int global, bool first,
 
 }  // namespace
 
-TCacheOfClientMarginRestrictions::TCacheOfClientMarginRestrictions(TIniParser& parser, TUniversalParser* universal,
+TCacheOfClientMarginRestrictions::TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal,
                                                                    const TStorageHub& hub)
     : AIniSettingCacheMaster<TClientMarginRestrictions>(parser, nullptr), m_logic(parser), m_storageHub(hub) {
   SetGlobalSettings(ParseGlobalSettings(universal));
@@ -104,7 +103,7 @@ const TClientMarginRestrictionsBody& TCacheOfClientMarginRestrictions::GlobalBod
 // ---- Parsing ----
 
 std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::ParseGlobalSettings(
-    const TUniversalParser* universal) const {
+    const IGeneralParamReader* universal) const {
   auto object = std::make_unique<TObject>();
   TBody& b = (*object)[0];
   const TIniParser& p = Parser();
@@ -115,9 +114,7 @@ std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::Par
   // A typed parameter of "General" is read from the universal parser, which
   // is its home; the others from the section, or their defaults.
   auto typed = [&](const char* key, int& out) {
-    if (universal == nullptr) return false;
-    const int num = universal->GetParamNumInSect(iscGeneral, key);
-    return num >= 0 && universal->GetIntParamFromGlobalSection(out, iscGeneral, num) == ZDL_OK;
+    return universal != nullptr && universal->ReadGeneralInt(key, out);
   };
   auto readInt = [&](const char* key, int def, bool fromGeneral) {
     int v = def;

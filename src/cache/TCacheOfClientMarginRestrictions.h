@@ -22,6 +22,7 @@
 #include <utility>
 #include <vector>
 
+#include "cache/IGeneralParamReader.h"
 #include "cache/TClientMarginRestrictions.h"
 #include "cache/TIniSettingCache.h"
 #include "ini/TIniLogicParser.h"
@@ -30,7 +31,6 @@
 namespace DL {
 
 class TStorageHub;
-class TUniversalParser;
 
 class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMarginRestrictions> {
  public:
@@ -43,7 +43,7 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   // `universal`, when given) and the general object, and enters every
   // client, prefix and margin template of the text, unparsed. The parser and
   // the hub must outlive the cache; `universal` is read here only.
-  TCacheOfClientMarginRestrictions(TIniParser& parser, TUniversalParser* universal, const TStorageHub& hub);
+  TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal, const TStorageHub& hub);
 
   // ---- Objects ----
   TObject* GetGlobalSettings() const { return GlobalSettings(); }
@@ -115,7 +115,7 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   // One section into `out`, on the base body; `first` is set for limit kind 0.
   void ParseSettingsFromSection(const TIniKeyMap& section, const TBody& base, TBody& out, bool first) const;
   // The global object from the firm's global sections.
-  std::unique_ptr<TObject> ParseGlobalSettings(const TUniversalParser* universal) const;
+  std::unique_ptr<TObject> ParseGlobalSettings(const IGeneralParamReader* universal) const;
   // Keys "InstrumentsWithoutCurrencyRisk_" + class: value a list of securities.
   static void ParseInstrumentsWithoutCurrencyRisk(const TIniKeyMap& keys,
                                                   TMarginCodeMap<std::vector<std::string>>& out);

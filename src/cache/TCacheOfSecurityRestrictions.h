@@ -15,7 +15,7 @@
 
 #include "cache/TClientSecurityRestrictions.h"
 #include "cache/TIniSettingCache.h"
-#include "core/DLCodeLength.h"
+#include "base/CodeLengths.h"
 #include "ini/SettingsText.h"
 #include "ini/TIniLogicParser.h"
 

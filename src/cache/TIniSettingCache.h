@@ -22,7 +22,7 @@
 #include <utility>
 
 #include "cache/TIniCacheItemID.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "ini/SettingsText.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"

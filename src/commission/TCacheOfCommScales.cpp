@@ -1,6 +1,6 @@
 #include "commission/TCacheOfCommScales.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

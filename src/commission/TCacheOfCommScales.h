@@ -17,7 +17,7 @@
 
 #include "cache/TIniSettingCache.h"
 #include "commission/TCommScale.h"
-#include "ini/TCommScaleParser.h"
+#include "commission/TCommScaleParser.h"
 
 namespace DL {
 

@@ -4,8 +4,8 @@
 // correspondences, the pre-trade sections and "IgnoreChecks".
 #include <array>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
 #include "core/HubSectionHelpers.h"
 #include "core/TStorageHub.h"
 

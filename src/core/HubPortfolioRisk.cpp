@@ -2,7 +2,7 @@
 // the hub: their load steps, the query, and their part of the save.
 #include <cstring>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
 
 namespace DL {
@@ -16,7 +16,6 @@ constexpr const char* kPortfolioSpreadOrder = "PortfolioSpreadOrder";
 constexpr const char* kBaseAssets = "BaseAssets";
 constexpr const char* kClients = "Clients";
 
-bool StartsWithUp(const std::string& nameUp, const char* prefixUp) { return nameUp.rfind(prefixUp, 0) == 0; }
 
 }  // namespace
 
@@ -46,7 +45,7 @@ void TStorageHub::ParsePortfolioRiskConfigs() {
     std::string code;
     if (&name != &firm->first) {
       const std::string nameUp = StrUpper(name);
-      if (nameUp.size() <= prefixLength || !StartsWithUp(nameUp, kPortfolioRiskConfigPrefixUp)) continue;
+      if (nameUp.size() <= prefixLength || !StringStartsCaseSens(nameUp, kPortfolioRiskConfigPrefixUp)) continue;
       code = name.substr(prefixLength);
       kind = keys.count(kClients) != 0 ? TPortRiskSection::Template : TPortRiskSection::BaseAsset;
     }
@@ -112,7 +111,7 @@ void TStorageHub::FillBaseAssets() {
       return;
     }
     const std::string nameUp = StrUpper(name);
-    if (nameUp.size() <= templatePrefixUp.size() || !StartsWithUp(nameUp, templatePrefixUp.c_str())) return;
+    if (nameUp.size() <= templatePrefixUp.size() || !StringStartsCaseSens(nameUp, templatePrefixUp.c_str())) return;
     m_baseAssetsSections.emplace(name,
                                  TBaseAssetsSection::Parse(name, true, name.substr(templatePrefixUp.size()), keys));
   });

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "commission/TCacheOfClientSettings.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/HubSectionHelpers.h"
 #include "core/TStorageHub.h"
 

@@ -7,7 +7,7 @@
 
 #include "commission/TRepoCommRates.h"
 #include "commission/TypeAndRate.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 #include "core/TGeneralSettings.h"
 
 class TLogWriter;

@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
-#include "core/ZDLErrors.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
+#include "base/ResultCodes.h"
+#include "base/Numbers.h"
 #include "settings/SettingsNormalizer.h"
 
 namespace DL {

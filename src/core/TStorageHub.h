@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "api/TMemory.h"
+#include "base/TMemory.h"
 #include "core/HubGlobalSectionTypes.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
 #include "core/HubSectionLists.h"
@@ -25,7 +25,7 @@
 #include "commission/TVolumeBasedCommission.h"
 #include "commission/TypeAndRate.h"
 #include "cache/TCacheOfRestrictions.h"
-#include "core/TClassList.h"
+#include "base/TClassList.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"

@@ -10,7 +10,7 @@
 #include "core/TInfoStorage.h"
 #include "core/SavedText.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "ini/TIniParser.h"
 #include "support/Errors.h"
 
