@@ -1,9 +1,6 @@
 #include "api/ExecDealerAPI.h"
 
-#include <fstream>
-#include <iterator>
-#include <sstream>
-
+#include "api/CLibraryHolds.h"
 #include "api/FileVerbRecords.h"
 #include "api/ZDeallibAPI.h"
 #include "support/Alert.h"
@@ -16,24 +13,7 @@ CExecDealerAPI g_ExecDealerAPI;
 
 namespace {
 
-// The moves of MoveFileEx the library is replaced with: rename over the target.
-constexpr DWORD kReplaceLibrary = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-
 int SettingsResult(int n) { return n == 0 ? ZDA_OK : n + ZDA_SETTINGS_BASE; }
-
-// Reads a whole file as bytes; false when it cannot be opened.
-bool ReadLibrary(const std::string& path, std::string* text) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  return true;
-}
-
-// The library's file path on the port, or null when the name is no library of it.
-const std::string* FindLibraryPath(const tagDL_work* work, const std::string& name) {
-  auto library = work->mapLibrary.find(name);
-  return library == work->mapLibrary.end() ? nullptr : &library->second;
-}
 
 }  // namespace
 
@@ -113,22 +93,22 @@ int CExecDealerAPI::ZA_DLOpenFile(std::vector<unsigned char>& data, tagDL_work* 
   TDL_DLOpenFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
-  tagDL_fileState& state = work->mapFileState[path];
-  if (record.nMode == 0 && state.busy != 0 && state.user != user) return ZDA_BUSY;
+  tagDL_fileState& state = holds.State(path);
+  if (record.nMode == 0 && holds.HeldByOther(path, user)) return ZDA_BUSY;
 
   std::string text;
-  if (!ReadLibrary(path, &text)) return ZDA_CANNOT_OPEN;
+  if (!CLibraryHolds::Read(path, &text)) return ZDA_CANNOT_OPEN;
   // Every successful open reloads the firm, also a read-only one.
   const int n = ZDL_LoadSettingsForFirm(record.firmCode.c_str(), text.c_str(), 2);
   if (n == 0) {
     work->mapFileUsers[path].insert(user);
     if (record.nMode == 0) {
-      state.user = user;
-      state.busy = 1;
-      AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, text);
+      holds.Hold(path, user);
+      CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, text);
     }
   }
   Library::Host::Event(0, "User[%d], call ZA_DLOpenFile for port[%d], library name[%s]size[%d]user[%d]busy[%d].",
@@ -141,10 +121,11 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
   TDL_DLUpdateFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
-  tagDL_fileState& state = work->mapFileState[path];
+  tagDL_fileState& state = holds.State(path);
   if (state.busy == 0 || state.user != user) return ZDA_UPDATE_FAILED;
 
   std::string text;
@@ -155,24 +136,17 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     void* given = block;
     (void)ZDL_FreeMemory(record.firmCode.c_str(), &given);
 
-    const std::string temporary = path + ".temp";
-    {
-      std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-      out.write(text.data(), static_cast<std::streamsize>(text.size()));
-      if (!out) return ZDA_UPDATE_FAILED;
-    }
-    if (!MoveFileEx(temporary.c_str(), path.c_str(), kReplaceLibrary)) {
+    if (!CLibraryHolds::Replace(path, text)) {
       Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
                            port, record.firmCode.c_str(), static_cast<int>(GetLastError()));
       return ZDA_UPDATE_FAILED;  // the temporary file stays behind
     }
     std::vector<std::string>& lines = m_DEALLIB_PACKET_CHANGE_map[record.firmCode];
     const std::string count = std::to_string(lines.size());
-    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode,
-                      m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode), &count);
-    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, text);
-    state.user = user;  // the hold goes on
-    state.busy = 1;
+    CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode,
+                         m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode), &count);
+    CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, text);
+    holds.Hold(path, user);  // the hold goes on
   }
   Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], library name[%s]size[%d]user[%d]busy[%d].",
                        user, port, record.firmCode.c_str(), static_cast<int>(text.size()), state.user, state.busy);
@@ -184,13 +158,14 @@ int CExecDealerAPI::ZA_DLCloseFile(std::vector<unsigned char>& data, tagDL_work*
   TDL_DLCloseFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
   std::set<int>& users = work->mapFileUsers[path];
   if (users.erase(user) == 0) return ZDA_NOT_OPEN;
 
-  tagDL_fileState& state = work->mapFileState[path];
+  tagDL_fileState& state = holds.State(path);
   int n = 0;
   // Only the holder drops the firm's settings; a last reader leaves them loaded.
   if (state.user == user) {
