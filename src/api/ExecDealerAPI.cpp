@@ -15,19 +15,51 @@ namespace {
 
 int SettingsResult(int n) { return n == 0 ? ZDA_OK : n + ZDA_SETTINGS_BASE; }
 
+// The five file verbs, which the dispatcher runs itself before any check.
+struct TFileVerb {
+  std::string_view name;
+  int (*run)(CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+             const std::string& userName, int port);
+};
+
+constexpr TFileVerb kFileVerbs[] = {
+    {"DLGetClassList",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLGetClassList(data, work, user, kind, userName, port); }},
+    {"DLGetFirmList",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int) { return api.ZA_DLGetFirmList(data, work, user, kind, userName); }},
+    {"DLOpenFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLOpenFile(data, work, user, kind, userName, port); }},
+    {"DLUpdateFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLUpdateFile(data, work, user, kind, userName, port); }},
+    {"DLCloseFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int) { return api.ZA_DLCloseFile(data, work, user, kind, userName); }},
+};
+
+// The "firmCode" of a request block, the field every command's record begins
+// with; empty when the block has none.
+ZDL_DECLARE_RECORD(TDL_RecordFirm, (std::string, firmCode));
+
+std::string RecordFirm(std::vector<unsigned char>& data) {
+  TDL_RecordFirm record;
+  LoadDataForZDeallibAPI(record, data);
+  return record.firmCode;
+}
+
 }  // namespace
 
-CExecDealerAPI::CExecDealerAPI() { RegisterCommands(); }
+CExecDealerAPI::CExecDealerAPI(TFindCommand findCommand) : m_findCommand(findCommand) {}
 
 CExecDealerAPI::~CExecDealerAPI() = default;
 
 int CExecDealerAPI::ExecuteDealerAPI(std::string& command, std::vector<unsigned char>& data, tagDL_work* work,
                                      int user, int kind, std::string userName, int port) {
-  if (command == "DLGetClassList") return ZA_DLGetClassList(data, work, user, kind, userName, port);
-  if (command == "DLGetFirmList") return ZA_DLGetFirmList(data, work, user, kind, userName);
-  if (command == "DLOpenFile") return ZA_DLOpenFile(data, work, user, kind, userName, port);
-  if (command == "DLUpdateFile") return ZA_DLUpdateFile(data, work, user, kind, userName, port);
-  if (command == "DLCloseFile") return ZA_DLCloseFile(data, work, user, kind, userName);
+  for (const TFileVerb& verb : kFileVerbs)
+    if (command == verb.name) return verb.run(*this, data, work, user, kind, userName, port);
 
   // The firm the caller holds; a caller who holds nothing is a reader.
   bool readOnly = true;
@@ -44,13 +76,16 @@ int CExecDealerAPI::ExecuteDealerAPI(std::string& command, std::vector<unsigned 
     }
   }
 
-  auto handler = m_mapFunctions.find(command);
-  if (handler == m_mapFunctions.end()) return ZDA_UNKNOWN_COMMAND;
+  // A row without a handler is a command whose settings operation is not
+  // written yet: unknown to a client, like a name that is not in the table.
+  const DL::TCommandRow* row = m_findCommand(command);
+  if (row == nullptr || row->handler == nullptr) return ZDA_UNKNOWN_COMMAND;
   Library::Host::Event(10, "executeZDealerAPI %s", command.c_str());
-  // Move commands pass here on purpose: their handlers' firm check answers 11.
-  const std::string verb = command.substr(0, 3);
-  if (readOnly && (verb == "Add" || verb == "Rem" || verb == "Set")) return ZDA_READ_ONLY;
-  int result = (this->*handler->second)(data, firm);
+  // Move commands pass here on purpose: their firm check answers 11.
+  if (readOnly && !row->readerMayRun) return ZDA_READ_ONLY;
+  // The firm check: a record addressed to another firm than the one the caller
+  // holds is refused before anything is touched.
+  const int result = row->firmCheck && RecordFirm(data) != firm ? ZDA_BUSY : row->handler(*this, data, firm);
   Library::Host::Event(10, "resultZDealerAPI %d", result);
   return result;
 }

@@ -84,8 +84,9 @@ int TInfoStorage::GetCharParamFromGlobalSection(char& out, int sect, int num) co
 
 TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
 
-int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }
-
-int TInfoStorage::SetUsePGOToGlobal(int value) { return m_impl->hub->SetUsePGOToGlobal(value); }
+#define ZDL_OPERATION(name, qualifier, params, args) \
+  int TInfoStorage::name params qualifier { return m_impl->hub->name args; }
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
 
 }  // namespace DL
