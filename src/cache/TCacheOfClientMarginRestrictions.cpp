@@ -78,8 +78,8 @@ void ReadCorrelationSetting(int read, int def, int base, int global, bool first,
 }  // namespace
 
 TCacheOfClientMarginRestrictions::TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal,
-                                                                   const TStorageHub& hub)
-    : AIniSettingCacheMaster<TClientMarginRestrictions>(parser, nullptr), m_logic(parser), m_storageHub(hub) {
+                                                                   const IFirmSettings& firm)
+    : AIniSettingCacheMaster<TClientMarginRestrictions>(parser, nullptr), m_logic(parser), m_firm(firm) {
   SetGlobalSettings(ParseGlobalSettings(universal));
   for (const auto& [client, sections] : parser.GetMarginClientSettings()) m_clients.Register(client);
   for (const auto& [prefix, sections] : parser.GetMarginPrefixClientSettings()) {

@@ -30,7 +30,7 @@
 
 namespace DL {
 
-class TStorageHub;
+class IFirmSettings;
 
 class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMarginRestrictions> {
  public:
@@ -42,8 +42,8 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   // "DiscountsTypeByClasses"; the typed parameters of "General" from
   // `universal`, when given) and the general object, and enters every
   // client, prefix and margin template of the text, unparsed. The parser and
-  // the hub must outlive the cache; `universal` is read here only.
-  TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal, const TStorageHub& hub);
+  // the firm must outlive the cache; `universal` is read here only.
+  TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal, const IFirmSettings& firm);
 
   // ---- Objects ----
   TObject* GetGlobalSettings() const { return GlobalSettings(); }
@@ -121,7 +121,7 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
                                                   TMarginCodeMap<std::vector<std::string>>& out);
 
   const TIniLogicParser& Logic() const { return m_logic; }
-  const TStorageHub& StorageHub() const { return m_storageHub; }
+  const IFirmSettings& Firm() const { return m_firm; }
 
  private:
   // The body of limit kind 0 of the global object (defaults when absent).
@@ -132,7 +132,7 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   TParseResult ObjectOfSection(const std::string& section, ESettingsSource source) const;
 
   TIniLogicParser m_logic;
-  const TStorageHub& m_storageHub;
+  const IFirmSettings& m_firm;
   std::unique_ptr<TObject> m_general;
   mutable TParsedTemplates<TObject> m_templates;
   mutable TParsedMap m_clients;

@@ -113,8 +113,8 @@ void DropNegative(TPriceLimit& limit) {
 
 }  // namespace
 
-TCacheOfSecurityRestrictions::TCacheOfSecurityRestrictions(TIniParser& parser, const TStorageHub& hub)
-    : AIniSettingCacheMaster(parser, nullptr), m_ownerHub(hub), m_logic(parser) {
+TCacheOfSecurityRestrictions::TCacheOfSecurityRestrictions(TIniParser& parser, const IFirmSettings& firm)
+    : AIniSettingCacheMaster(parser, nullptr), m_firm(firm), m_logic(parser) {
   ParseGlobalSettings();
 }
 

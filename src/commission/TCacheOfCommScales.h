@@ -23,7 +23,7 @@ namespace DL {
 
 class TCacheOfCommScales : public AIniSettingCacheMaster<TCommScale> {
  public:
-  TCacheOfCommScales(TIniParser& parser, TStorageHub* hub);
+  TCacheOfCommScales(TIniParser& parser, const IFirmSettings* firm);
 
   // The firm's scale, then the board scales hashed by upper-case board.
   void ParseGlobalSettings();

@@ -26,6 +26,7 @@
 #include "commission/TypeAndRate.h"
 #include "cache/TCacheOfRestrictions.h"
 #include "base/TClassList.h"
+#include "cache/IFirmSettings.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"
@@ -118,7 +119,7 @@ struct TUserIdSettings {
   std::map<std::string, std::string, StringMapComparerFunc> floodControlByInstrument;
 };
 
-class TStorageHub {
+class TStorageHub : public IFirmSettings {
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
   // file that cannot be opened, or any other type, gives a firm with no
@@ -165,6 +166,12 @@ class TStorageHub {
   // The general parameters as read at load (currency identity, flags,
   // numbers, class lists, credit types, repo terms).
   const DL::TGeneralSettings& General() const { return m_general; }
+
+  // What the engines below may ask about the firm (IFirmSettings).
+  const std::string& MainCurrency() const override { return m_general.GetMainCurrency(); }
+  bool IsRublesEquivalent(const std::string& currency) const override {
+    return m_general.GetRublesEquivalents().count(currency) != 0;
+  }
 
   // ---- Global sections parsed by the hub ----
   const TProhibitOrders& GetProhibitOrders() const { return m_prohibitOrders; }
