@@ -321,4 +321,14 @@ void TStorageHub::SettingToStrIgnoreChecks(std::string& out, const TSettingToStr
   WriteSection(out, src.section, body);
 }
 
+// "DerivativesBaseAssets": key a base asset, value a comma list.
+void TStorageHub::ParseDerivativesBaseAssets(const TIniKeyMap& keys) {
+  m_derivativesBaseAssets.clear();
+  ParseCodeToListSection(keys, m_derivativesBaseAssets);
+}
+
+void TStorageHub::SettingToStrDerivativesBaseAssets(std::string& out, const TSettingToStrSource& src) const {
+  CodeToListToStr(out, src.section, m_derivativesBaseAssets);
+}
+
 }  // namespace DL

@@ -170,11 +170,11 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   // 13. General parameters and their derived fields.
   m_general.ParseGeneralParams(*m_parser);
   // 14. Portfolio risk.
-  ParsePortfolioRiskConfigs();
+  m_portfolioRisk.ParseRiskConfigs(*m_parser);
   // 15. Section lists of the old form.
   ParseOldFormSectionLists();
   // 16.
-  FillBaseAssets();
+  m_portfolioRisk.ParseBaseAssets(*m_parser);
   FillBoardTariffs();
   ParseUserIdSettings();
   FillSupportMultiCurrency();
@@ -715,7 +715,7 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   AppendMarginSettingsRows(text, written);
   // 17. Restriction templates.
   AppendRestrictionTemplateRows(text, written);
-  AppendPortfolioRiskRows(text, written);
+  m_portfolioRisk.AppendRows(*m_parser, text, written);
   // Every section no step wrote (no parsed home, or not parsed) is copied as
   // it stands, so that nothing is lost.
   for (auto it = sections.begin(); it != sections.end(); ++it) {

@@ -30,6 +30,7 @@
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"
+#include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
 #include "core/TUniversalParser.h"
 #include "ini/TIniLogicParser.h"
@@ -65,7 +66,6 @@ struct TSettingToStrSource {
 
 // The sections a save has written, by the address of their name in the
 // section map; whatever is left is copied raw at the end.
-using TWrittenSections = std::set<const std::string*>;
 
 using TSettingToStrFunc = void (TStorageHub::*)(std::string& out, const TSettingToStrSource& src) const;
 using TGlobalParseFunc = void (TStorageHub::*)(const TIniKeyMap& keys);
@@ -280,9 +280,7 @@ class TStorageHub : public IFirmSettings {
   void BuildSecurityRestrictionsCache();      // step 11
   void BuildRestrictionsCache();              // step 11
   void ParseCurrencyReplacement();      // step 9
-  void ParsePortfolioRiskConfigs();     // step 14
   void ParseOldFormSectionLists();      // step 15
-  void FillBaseAssets();                // step 16
   void FillBoardTariffs();              // step 16
   void ParseUserIdSettings();           // step 16
   // The parts of a user's section whose stores are not built yet: the
@@ -660,52 +658,20 @@ class TStorageHub : public IFirmSettings {
 
  private:
   TBoardTariffs m_boardTariffs;
-  // ---- Portfolio risk ----
+  // ---- Portfolio risk (component) ----
  public:
-  // The configuration for a trade account and a base asset (null codes
-  // count as empty). An empty base asset gives the firm-level default; else
-  // the account's configurations are searched for the asset (its code or
-  // "AddBaseAssets"), then the firm's, and without a match the firm-level
-  // default is the answer. Nothing without the section
-  // "PortfolioRiskConfig".
-  std::optional<TPortRiskConfig> PortfolioRiskConfig(const char* tradeAccount, const char* baseAsset) const;
-  // Whether the firm has the section "PortfolioRiskConfig".
-  bool HasPortfolioRiskConfigs() const { return m_hasPortfolioRisk; }
-  const TPortRiskConfig& GetDefaultPortfolioRiskConfig() const { return m_defaultRiskConfig; }
-  // The firm-level configuration of each base asset with a section, in the
-  // order of the section names.
-  const std::vector<TPortRiskConfig>& GetBaseAssetRiskConfigs() const { return m_assetRiskConfigs; }
-  // By trade account, the configurations of the template that binds it.
-  const TTradeAccountRiskConfigMap& GetTradeAccountRiskConfigs() const { return m_tradeAccountRiskConfigs; }
-  // "PortfolioSpreadOrder", by ascending priority.
-  const std::vector<TPortfolioSpread>& GetPortfolioSpreadOrder() const { return m_portfolioSpreadOrder; }
-  // "LimitKinds" of "General", as read with the configurations.
-  const std::vector<int>& GetPortfolioLimitKinds() const { return m_portfolioLimitKinds; }
-  // The sections of the family as read, by name.
-  using TPortRiskSections = std::map<std::string, TPortRiskSection, StringMapComparerFunc>;
-  const TPortRiskSections& GetPortfolioRiskSections() const { return m_portRiskSections; }
-  // "BaseAssets" and "BaseAssets_Template_" sections as read, by name.
-  using TBaseAssetsSections = std::map<std::string, TBaseAssetsSection, StringMapComparerFunc>;
-  const TBaseAssetsSections& GetBaseAssetsSections() const { return m_baseAssetsSections; }
+  // Portfolio risk configurations, spread order and base assets sections.
+  const TPortfolioRiskSettings& PortfolioRisk() const { return m_portfolioRisk; }
+  // The configuration for a trade account and a base asset (see
+  // TPortfolioRiskSettings::Config).
+  std::optional<TPortRiskConfig> PortfolioRiskConfig(const char* tradeAccount, const char* baseAsset) const {
+    return m_portfolioRisk.Config(tradeAccount, baseAsset);
+  }
   // "DerivativesBaseAssets": base asset -> comma list.
   const TCodeToList& GetDerivativesBaseAssets() const { return m_derivativesBaseAssets; }
 
  private:
-  // Save: the sections of the family and the base assets sections, each from
-  // its parsed form while the section map holds it as it was read; an edited
-  // section is left to the raw copy, so that the edit is what is saved.
-  void AppendPortfolioRiskRows(std::string& text, TWrittenSections& written) const;
-
-  bool m_hasPortfolioRisk = false;
-  TPortRiskConfig m_defaultRiskConfig;
-  std::vector<TPortRiskConfig> m_assetRiskConfigs;
-  TTradeAccountRiskConfigMap m_tradeAccountRiskConfigs;
-  std::vector<TPortfolioSpread> m_portfolioSpreadOrder;
-  std::optional<TIniKeyMap> m_spreadOrderKeysAtLoad;  // "PortfolioSpreadOrder" as read, when parsed
-  std::vector<std::pair<std::string, std::string>> m_spreadOrderOthers;  // its lines of another shape
-  std::vector<int> m_portfolioLimitKinds;
-  TPortRiskSections m_portRiskSections;
-  TBaseAssetsSections m_baseAssetsSections;
+  TPortfolioRiskSettings m_portfolioRisk;
   TCodeToList m_derivativesBaseAssets;
   // ---- Commission settings, scales and tariff plans ----
  public:

@@ -299,11 +299,11 @@ TEST(HubPendingStepsTest, CurrencyReplacementIsParsed) {
 TEST(HubPendingStepsTest, PortfolioRiskConfigsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParsePortfolioRiskConfigs"));
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=2\n[PortfolioRiskConfig_SI]\nVOLATILITY=40\n", 2);
-  ASSERT_TRUE(hub.HasPortfolioRiskConfigs());
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 2.0);
-  ASSERT_EQ(hub.GetBaseAssetRiskConfigs().size(), 1u);
-  EXPECT_EQ(hub.GetBaseAssetRiskConfigs()[0].baseAsset, "SI");
-  EXPECT_DOUBLE_EQ(hub.GetBaseAssetRiskConfigs()[0].risk.volatility, 40.0);
+  ASSERT_TRUE(hub.PortfolioRisk().HasConfigs());
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.kgo, 2.0);
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetConfigs().size(), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetConfigs()[0].baseAsset, "SI");
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().BaseAssetConfigs()[0].risk.volatility, 40.0);
 }
 TEST(HubPendingStepsTest, OldFormSectionListsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseOldFormSectionLists"));
@@ -314,8 +314,8 @@ TEST(HubPendingStepsTest, BaseAssetsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseDerivativesBaseAssets"));
   TStorageHub hub("[BaseAssets]\nSI=USD000UTSTOM,1000\n", 2);
-  ASSERT_EQ(hub.GetBaseAssetsSections().size(), 1u);
-  const DL::TBaseAssetsSection& section = hub.GetBaseAssetsSections().begin()->second;
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetsSections().size(), 1u);
+  const DL::TBaseAssetsSection& section = hub.PortfolioRisk().BaseAssetsSections().begin()->second;
   ASSERT_EQ(section.assets.size(), 1u);
   EXPECT_EQ(section.assets[0].first, "SI");
   EXPECT_EQ(section.assets[0].second.spots.at(0).first, "USD000UTSTOM");

@@ -1,9 +1,9 @@
-// Portfolio risk configurations, base assets and derivatives base assets of
-// the hub: their load steps, the query, and their part of the save.
+#include "core/TPortfolioRiskSettings.h"
+
 #include <cstring>
 
 #include "base/TextHelpers.h"
-#include "core/TStorageHub.h"
+#include "ini/SettingsText.h"
 
 namespace DL {
 
@@ -16,11 +16,10 @@ constexpr const char* kPortfolioSpreadOrder = "PortfolioSpreadOrder";
 constexpr const char* kBaseAssets = "BaseAssets";
 constexpr const char* kClients = "Clients";
 
-
 }  // namespace
 
 // Step 14. Nothing is read unless the firm has "PortfolioRiskConfig".
-void TStorageHub::ParsePortfolioRiskConfigs() {
+void TPortfolioRiskSettings::ParseRiskConfigs(const TIniParser& parser) {
   m_hasPortfolioRisk = false;
   m_defaultRiskConfig = TPortRiskConfig();
   m_assetRiskConfigs.clear();
@@ -30,12 +29,12 @@ void TStorageHub::ParsePortfolioRiskConfigs() {
   m_spreadOrderOthers.clear();
   m_portfolioLimitKinds.clear();
   m_portRiskSections.clear();
-  const TIniSectionsMap& sections = m_parser->GetSections();
+  const TIniSectionsMap& sections = parser.GetSections();
   auto firm = sections.find(kPortfolioRiskConfig);
   if (firm == sections.end()) return;
   m_hasPortfolioRisk = true;
   m_portfolioLimitKinds = StringListToIntVector(
-      m_parser->GetIniParamString(std::string(kGeneralSection), TIniParser::ipcLimitKinds, TIniParser::EmptyString()));
+      parser.GetIniParamString(std::string(kGeneralSection), TIniParser::ipcLimitKinds, TIniParser::EmptyString()));
 
   // 1. Every section of the family: the firm level, the base assets, and
   // the templates, told from base assets by their "Clients".
@@ -99,11 +98,11 @@ void TStorageHub::ParsePortfolioRiskConfigs() {
 }
 
 // Step 16: "BaseAssets" and every "BaseAssets_Template_" + code.
-void TStorageHub::FillBaseAssets() {
+void TPortfolioRiskSettings::ParseBaseAssets(const TIniParser& parser) {
   m_baseAssetsSections.clear();
   const std::string& templatePrefixUp = TIniParser::GetPartIniSectCodeUp(TIniParser::pscBaseAssets_Template_);
   // Only the sections whose name begins with "BaseAssets" are visited.
-  ForEachWithPrefixNoCase(m_parser->GetSections(), std::string_view(kBaseAssets), [&](const auto& section) {
+  ForEachWithPrefixNoCase(parser.GetSections(), std::string_view(kBaseAssets), [&](const auto& section) {
     const std::string& name = section.first;
     const TIniKeyMap& keys = section.second;
     if (IsSameSettingsName(name, kBaseAssets)) {
@@ -117,8 +116,7 @@ void TStorageHub::FillBaseAssets() {
   });
 }
 
-std::optional<TPortRiskConfig> TStorageHub::PortfolioRiskConfig(const char* tradeAccount,
-                                                                const char* baseAsset) const {
+std::optional<TPortRiskConfig> TPortfolioRiskSettings::Config(const char* tradeAccount, const char* baseAsset) const {
   if (!m_hasPortfolioRisk) return std::nullopt;
   const std::string account = tradeAccount != nullptr ? tradeAccount : "";
   const std::string asset = baseAsset != nullptr ? baseAsset : "";
@@ -140,18 +138,8 @@ std::optional<TPortRiskConfig> TStorageHub::PortfolioRiskConfig(const char* trad
   return config;
 }
 
-// "DerivativesBaseAssets": key a base asset, value a comma list.
-void TStorageHub::ParseDerivativesBaseAssets(const TIniKeyMap& keys) {
-  m_derivativesBaseAssets.clear();
-  ParseCodeToListSection(keys, m_derivativesBaseAssets);
-}
-
-void TStorageHub::SettingToStrDerivativesBaseAssets(std::string& out, const TSettingToStrSource& src) const {
-  CodeToListToStr(out, src.section, m_derivativesBaseAssets);
-}
-
-void TStorageHub::AppendPortfolioRiskRows(std::string& text, TWrittenSections& written) const {
-  for (const auto& [name, keys] : m_parser->GetSections()) {
+void TPortfolioRiskSettings::AppendRows(const TIniParser& parser, std::string& text, TWrittenSections& written) const {
+  for (const auto& [name, keys] : parser.GetSections()) {
     if (written.count(&name) != 0) continue;
     std::string row;
     if (auto risk = m_portRiskSections.find(name); risk != m_portRiskSections.end()) {
