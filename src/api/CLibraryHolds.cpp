@@ -26,15 +26,18 @@ bool CLibraryHolds::Read(const std::string& path, std::string* text) {
   return file.Read(text->data(), static_cast<unsigned>(text->size())) != 0;
 }
 
-bool CLibraryHolds::Replace(const std::string& path, const std::string& text, Library::WinFile::CFile* guard) {
+CLibraryHolds::EReplace CLibraryHolds::Replace(const std::string& path, const std::string& text,
+                                               Library::WinFile::CFile* guard) {
   const std::string temporary = path + ".temp";
   {
     Library::WinFile::CFile out(temporary, GENERIC_WRITE, CREATE_ALWAYS, false);
-    if (!out.IsValid()) return false;
-    if (!out.Write(text.data(), static_cast<unsigned>(text.size()))) return false;
+    if (!out.IsValid()) return EReplace::NotWritten;
+    if (!out.Write(text.data(), static_cast<unsigned>(text.size()))) return EReplace::NotWritten;
     if (guard != nullptr) guard->Close();
   }
-  return MoveFileEx(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  const bool moved =
+      MoveFileEx(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  return moved ? EReplace::Done : EReplace::NotMoved;
 }
 
 void CLibraryHolds::Audit(int port, int user, const char* event, const std::string& userName,

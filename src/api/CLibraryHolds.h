@@ -44,11 +44,14 @@ class CLibraryHolds {
 
   // The whole file as bytes; false when it cannot be opened or read.
   static bool Read(const std::string& path, std::string* text);
+  // How a replacement ended.
+  enum class EReplace { Done, NotWritten, NotMoved };
   // Writes the text to path plus ".temp" and moves that over the library,
   // which is replaced in one step. A `guard` held open on the library is closed
-  // between the two. False on any failure; a failed move leaves the temporary
-  // file behind.
-  static bool Replace(const std::string& path, const std::string& text, Library::WinFile::CFile* guard = nullptr);
+  // between the two. NotWritten when the temporary file cannot be written
+  // (the library is untouched), NotMoved when the move fails (the temporary
+  // file stays behind; GetLastError tells why).
+  static EReplace Replace(const std::string& path, const std::string& text, Library::WinFile::CFile* guard = nullptr);
 
   // An audit record about the library (AuditLibraryEvent): field 0 the user's
   // name, 1 the user, 2 the library, 3 the thread, 4 the count when given, 20

@@ -171,7 +171,9 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     void* given = block;
     (void)ZDL_FreeMemory(record.firmCode.c_str(), &given);
 
-    if (!CLibraryHolds::Replace(path, text)) {
+    const CLibraryHolds::EReplace replaced = CLibraryHolds::Replace(path, text);
+    if (replaced == CLibraryHolds::EReplace::NotWritten) return ZDA_UPDATE_FAILED;
+    if (replaced == CLibraryHolds::EReplace::NotMoved) {
       Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
                            port, record.firmCode.c_str(), static_cast<int>(GetLastError()));
       return ZDA_UPDATE_FAILED;  // the temporary file stays behind

@@ -224,7 +224,7 @@ int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int p
     bool stored = false;
     if (NormaliseLibraryText(request.firm, &text) != 0) {
       cancel = 1;
-    } else if (!CLibraryHolds::Replace(path, text, &guard)) {
+    } else if (CLibraryHolds::Replace(path, text, &guard) != CLibraryHolds::EReplace::Done) {
       cancel = 1;
     } else {
       stored = true;
