@@ -215,39 +215,7 @@ void TStorageHub::ParseOldFormSectionLists() {
     }
 }
 
-// ---- Step 16: the user's securities and flood control; multi-currency ----
-
-void TStorageHub::ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::string& suffixUp, TKeyToList& out) {
-  out.clear();
-  for (const auto& [key, value] : keys) {
-    const std::string name = TrimStr(key);
-    if (!StringFinishesCaseSens(StrUpper(name), suffixUp)) continue;
-    const std::string classCode = name.substr(0, name.size() - suffixUp.size());
-    if (!IsCode(classCode, cstClass)) continue;
-    out[classCode].Assign(value, TClassList::NoRepeats);
-  }
-}
-
-void TStorageHub::ParseSecurities(const TIniKeyMap& keys, TKeyToList& out) {
-  ParseSecuritiesBySuffix(keys, TIniParser::GetIniParamCodeUp(TIniParser::ipc_SECURITY), out);
-}
-
-void TStorageHub::ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out) {
-  ParseSecuritiesBySuffix(keys, TIniParser::GetIniParamCodeUp(TIniParser::ipc_RESTSECURITY), out);
-}
-
-void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, TUserIdSettings& out) {
-  out.floodControlByInstrument.clear();
-  const std::string& prefixUp = TIniParser::GetIniParamCodeUp(TIniParser::ipcFloodControlByInstrument_);
-  for (const auto& [key, value] : keys) {
-    const std::string name = TrimStr(key);
-    if (!StringStartsCaseSens(StrUpper(name), prefixUp)) continue;
-    const std::string code = name.substr(prefixUp.size());
-    if (IsCode(code, cstSecurity)) out.floodControlByInstrument[code] = value;
-  }
-  ParseRestSecurities(keys, out.restSecurities);
-  ParseSecurities(keys, out.securities);
-}
+// ---- Step 16: multi-currency ----
 
 void TStorageHub::FillSupportMultiCurrency() {
   m_multiCurrencySupported = m_general.GetSupportMultiCurrency() != 0;

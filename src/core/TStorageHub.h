@@ -33,6 +33,7 @@
 #include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
 #include "core/TUniversalParser.h"
+#include "core/TUserSettings.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"
 #include "ini/TMaxOrderValue.h"
@@ -99,24 +100,6 @@ struct TProhibitOrders {
 struct TInstrumentGroup {
   std::set<std::string> classCodes;
   std::set<std::string> instrumentCodes;
-};
-
-// A user's own settings, from the section "u" + user number.
-struct TUserIdSettings {
-  int userId = 0;
-  double commission = 0.0;          // "COMMISSION"
-  double oblCommission = 0.0;       // "OBLCOMMISSION"
-  double tradeCommission = 0.0;     // "TradeCommission"
-  double tradeOblCommission = 0.0;  // "TradeOblCommission"
-  bool ignoreNegDealCheck = false;  // "IGNORENEGDEALCHECK"
-  TMaxOrderValue orderMaxValue;     // "OrderMaxValue"
-  TClassList allowedTrdAcc;         // "AllowedTrdAcc"
-  TClassList prohibedTrdAcc;        // "ProhibedTrdAcc"
-  TClassList classesWithoutOrderCheck;
-  TKeyToList securities;      // "<class>_SECURITY": the allowed securities of the class
-  TKeyToList restSecurities;  // "<class>_RESTSECURITY": the restricted securities of the class
-  // "FloodControlByInstrument_<code>": the code -> the value as written.
-  std::map<std::string, std::string, StringMapComparerFunc> floodControlByInstrument;
 };
 
 class TStorageHub : public IFirmSettings {
@@ -219,7 +202,8 @@ class TStorageHub : public IFirmSettings {
   [[nodiscard]] int InitLite(const char* text);
 
   // User settings by user number (sections "u" + number).
-  const std::map<int, TUserIdSettings>& GetUserIdSettings() const { return m_userIdSettings; }
+  // The users' own settings (component).
+  const TUserSettings& UserSettings() const { return m_userSettings; }
 
   // Client template names found in step 10.
   const std::vector<TClientTemplateNames>& GetClientTemplateNames() const { return m_clientTemplateNames; }
@@ -282,10 +266,8 @@ class TStorageHub : public IFirmSettings {
   void ParseCurrencyReplacement();      // step 9
   void ParseOldFormSectionLists();      // step 15
   void FillBoardTariffs();              // step 16
-  void ParseUserIdSettings();           // step 16
   // The parts of a user's section whose stores are not built yet: the
   // flood control by instrument and the restricted and allowed securities.
-  void ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, TUserIdSettings& out);
   void ParseTagSections();              // step 18
   void ParseTariffPlans();              // step 19
   void ParseLateSectionsBeforeClientCVal();  // step 20, up to ParseClientCVal
@@ -366,7 +348,7 @@ class TStorageHub : public IFirmSettings {
   TInstrumentGroups m_groupsOfInstrumentsAndClasses;
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
-  std::map<int, TUserIdSettings> m_userIdSettings;
+  TUserSettings m_userSettings;
 
   // ---- Client margin restrictions cache ----
  public:
@@ -586,12 +568,6 @@ class TStorageHub : public IFirmSettings {
   // whether the section is in the text. Lines with an empty key or a code
   // longer than 12 characters are kept as raw lines.
   static void ParseTagToStrListSection(const TIniKeyMap* keys, TTagToStrListStorage& out, bool* present);
-  // The keys of a user section that end in "_SECURITY" (allowed) or
-  // "_RESTSECURITY" (restricted): the class before the ending -> the
-  // securities. A key with no class or a class longer than 12 characters is
-  // left out. The catalogue must be filled (any TIniParser::Init does it).
-  static void ParseSecurities(const TIniKeyMap& keys, TKeyToList& out);
-  static void ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out);
 
   // Rendering of the sections written by the save steps 8, 9, 10 and 12,
   // from the stores; the section name is src.section.
@@ -605,7 +581,6 @@ class TStorageHub : public IFirmSettings {
   void ParsePlainListSections();        // step 17
   void FillTagsFromTagToTagsSettings();  // step 18
   void ParseSpecialTradingAccounts();   // step 20, last
-  static void ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::string& suffixUp, TKeyToList& out);
   static void SecuritiesByClassToStr(std::string& out, const std::string& section, const TSecuritiesByClass& store);
 
   TCurrencyReplacements m_currencyReplacements;

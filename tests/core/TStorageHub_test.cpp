@@ -234,7 +234,7 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
       "IgnoreNegDealCheck=1\nOrderMaxValue=10,USD\nAllowedTrdAcc=L01,L02\nProhibedTrdAcc=L03\n"
       "ClassesWithoutOrderCheck=TQBR\n[U-1]\nCOMMISSION=3\n[u]\nCOMMISSION=4\n[u1x]\nCOMMISSION=5\n[user]\nA=1\n",
       2);
-  const auto& users = hub.GetUserIdSettings();
+  const auto& users = hub.UserSettings().ByUser();
   ASSERT_EQ(users.size(), 2u);
   const DL::TUserIdSettings& u = users.at(12);
   EXPECT_EQ(u.userId, 12);
@@ -335,7 +335,7 @@ TEST(HubPendingStepsTest, BoardTariffsAreFilled) {
 TEST(HubPendingStepsTest, UserSecuritiesAndFloodControlAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSecuritiesAndFloodControl"));
   TStorageHub hub("[u3]\nTQBR_SECURITY=SBER\nFloodControlByInstrument_SBER=5\n", 2);
-  const DL::TUserIdSettings& user = hub.GetUserIdSettings().at(3);
+  const DL::TUserIdSettings& user = hub.UserSettings().ByUser().at(3);
   EXPECT_TRUE(user.securities.at("TQBR").Contains("SBER"));
   EXPECT_EQ(user.floodControlByInstrument.at("SBER"), "5");
 }
