@@ -92,7 +92,7 @@ void TStorageHub::ParseLateSectionsBeforeClientCVal() {
 // its component and no part here.
 void TStorageHub::ParseLateSectionsAfterClientCVal() {
   ParseCommissionSettingsCurrency();
-  ParseVolumeBasedCommission();
+  m_volumeCommission.Parse(*m_parser);
   ParseFutRiskLimitingPrice();
   ParsePositionPriceCurrencySection();
   ParseMOEXCommissionExportClassesSection();

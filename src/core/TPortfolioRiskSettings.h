@@ -15,13 +15,10 @@
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"
 #include "core/TPortfolioSpread.h"
+#include "core/TWrittenSections.h"
 #include "ini/TIniParser.h"
 
 namespace DL {
-
-// The sections a save has written so far, by the address of their name in
-// the section map.
-using TWrittenSections = std::set<const std::string*>;
 
 class TPortfolioRiskSettings {
  public:

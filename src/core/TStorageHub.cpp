@@ -661,12 +661,12 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   // 1, 2. Clients and client templates.
   AppendClientAndTemplateRows(text, written);
   // 3, 4. Volume-based commission of clients and of templates.
-  AppendVolumeBasedCommissionRows(text, written, 3);
-  AppendVolumeBasedCommissionRows(text, written, 4);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 3);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 4);
   // 5. The global sections, by kind.
   AppendGlobalSectionRows(text, written);
   // 6. Volume-based commission, global.
-  AppendVolumeBasedCommissionRows(text, written, 6);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 6);
   // 7. "CommissionSettingsCurrency".
   AppendCommissionSettingsCurrencyRows(text, written);
   // 8, 9, 10. "LimitAllowedSecurity", "AssetSecurities", "RestShortSecurities".

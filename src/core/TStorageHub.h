@@ -34,6 +34,7 @@
 #include "core/TPortfolioSpread.h"
 #include "core/TUniversalParser.h"
 #include "core/TUserSettings.h"
+#include "core/TVolumeCommissionSettings.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"
 #include "ini/TMaxOrderValue.h"
@@ -278,8 +279,6 @@ class TStorageHub : public IFirmSettings {
   // its component.
   void AppendClientAndTemplateRows(std::string& text, TWrittenSections& written) const;      // 1, 2
   void AppendGlobalSectionRows(std::string& text, TWrittenSections& written) const;          // 5
-  void AppendVolumeBasedCommissionRows(std::string& text, TWrittenSections& written,
-                                       int step) const;                                      // 3, 4, 6
   void AppendCommissionSettingsCurrencyRows(std::string& text, TWrittenSections& written) const;  // 7
   void AppendOldFormListRows(std::string& text, TWrittenSections& written) const;            // 8, 9, 10
   void AppendTariffPlanRows(std::string& text, TWrittenSections& written) const;             // 11
@@ -701,27 +700,10 @@ class TStorageHub : public IFirmSettings {
   void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
                                bool globalFromObject) const;
   std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
-  // ---- Volume-based commission ----
+  // ---- Volume-based commission (component) ----
  public:
-  // One volume-based commission section as read: its name as written, the
-  // table it holds, and the lines the table does not read, written back as
-  // they stand. Names: "VolumeBasedCommission_<any>" for the firm,
-  // "cl<client>_VolumeBasedCommission_<any>" for a client and
-  // "cl<template>_Client_Template_VolumeBasedCommission_<any>" for a client
-  // template (names compared without regard to case).
-  struct TVolumeBasedCommissionSection {
-    std::string section;
-    TVolumeBasedCommission commission;
-    TRawLines raw;
-    bool operator==(const TVolumeBasedCommissionSection&) const = default;
-  };
-  using TVolumeBasedCommissionSections = std::vector<TVolumeBasedCommissionSection>;  // in section name order
-  using TVolumeBasedCommissionByOwner = std::map<std::string, TVolumeBasedCommissionSections, StringMapComparerFunc>;
-  const TVolumeBasedCommissionSections& GetGlobalVolumeBasedCommission() const { return m_globalVolumeComm; }
-  // By template name.
-  const TVolumeBasedCommissionByOwner& GetTemplateVolumeBasedCommission() const { return m_templateVolumeComm; }
-  // By client code.
-  const TVolumeBasedCommissionByOwner& GetClientVolumeBasedCommission() const { return m_clientVolumeComm; }
+  // The volume-based commission sections of the firm, its templates and clients.
+  const TVolumeCommissionSettings& VolumeCommission() const { return m_volumeCommission; }
   // The table that holds for the client and class: the client's own
   // sections, then those of the client's template, then the firm's; in each,
   // the first section naming the class, else the first standing for all
@@ -740,16 +722,9 @@ class TStorageHub : public IFirmSettings {
                                        TRepoCommRates* out) const;
   bool GetRepoScaleByClassesSettings(const char* client, double leverage, const char* classCode, short term,
                                      TRepoCommRates* out) const;
-  // One section of a client, template or of the firm, from its store.
-  void SettingToStrClientVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
-  void SettingToStrTemplateVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
-  void SettingToStrGlobalVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
 
  private:
-  void ParseVolumeBasedCommission();  // step 20, after ParseCommissionSettingsCurrency
-  TVolumeBasedCommissionSections m_globalVolumeComm;
-  TVolumeBasedCommissionByOwner m_templateVolumeComm;
-  TVolumeBasedCommissionByOwner m_clientVolumeComm;
+  TVolumeCommissionSettings m_volumeCommission;
 };
 
 }  // namespace DL

@@ -256,8 +256,8 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
   EXPECT_TRUE(TStorageHub::PendingLoadSteps().empty());
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
   TStorageHub hub("[VolumeBasedCommission_1]\nClasses=TQBR\n0=FIXED,0.1,0\n", 2);
-  ASSERT_EQ(hub.GetGlobalVolumeBasedCommission().size(), 1u);
-  EXPECT_TRUE(hub.GetGlobalVolumeBasedCommission()[0].commission.IsClassInList("TQBR"));
+  ASSERT_EQ(hub.VolumeCommission().Global().size(), 1u);
+  EXPECT_TRUE(hub.VolumeCommission().Global()[0].commission.IsClassInList("TQBR"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
 }
@@ -362,11 +362,11 @@ TEST(HubPendingStepsTest, LateSectionsAreParsed) {
                   "[clC1_VolumeBasedCommission_1]\nClasses=<ALL>\n0=FIXED,1,0\n",
                   2);
   EXPECT_EQ(hub.GetChangeClientCodes().values.at("C1"), "C2");
-  ASSERT_EQ(hub.GetTemplateVolumeBasedCommission().count("T1"), 1u);
-  EXPECT_EQ(hub.GetTemplateVolumeBasedCommission().at("T1")[0].commission.GetEffectiveTypeAndRate(100.0, DL::sdBuy),
+  ASSERT_EQ(hub.VolumeCommission().Templates().count("T1"), 1u);
+  EXPECT_EQ(hub.VolumeCommission().Templates().at("T1")[0].commission.GetEffectiveTypeAndRate(100.0, DL::sdBuy),
             DL::TypeAndRate(DL::ctTradeMax, 0.5, 10.0));
-  ASSERT_EQ(hub.GetClientVolumeBasedCommission().count("C1"), 1u);
-  EXPECT_TRUE(hub.GetClientVolumeBasedCommission().at("C1")[0].commission.IsClassInList("EQOB"));
+  ASSERT_EQ(hub.VolumeCommission().Clients().count("C1"), 1u);
+  EXPECT_TRUE(hub.VolumeCommission().Clients().at("C1")[0].commission.IsClassInList("EQOB"));
   EXPECT_EQ(hub.GetMOEXCommissionExportClasses().Items(), std::vector<std::string>{"TQBR"});
 }
 TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {
