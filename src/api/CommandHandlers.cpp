@@ -1,6 +1,7 @@
-// The handlers of the registered commands. Each is generated from its row of
-// the command table: the row's adapter shape decides how the request block
-// becomes a call of the settings function and how the result comes back.
+// The handlers of the commands whose settings operation exists, one per line
+// of core/SettingsOperations.def. Each is generated from the command's row:
+// the row's adapter shape decides how the request block becomes a call of the
+// ZDL_ function and how the result comes back.
 #include <string_view>
 #include <type_traits>
 
@@ -14,12 +15,12 @@ namespace {
 
 using DL::EAdapterShape;
 
-// The command's row, found while compiling; a name missing from the table
-// stops the build.
-constexpr const DL::TCommandRow& RowOf(std::string_view name) {
+// The row whose settings function is `function`, found while compiling; an
+// operation without a row stops the build.
+constexpr const DL::TCommandRow& RowOfFunction(std::string_view function) {
   for (const DL::TCommandRow& row : DL::kCommandTable)
-    if (row.name == name) return row;
-  throw "command is not in the table";
+    if (row.function == function) return row;
+  throw "the operation has no row in the command table";
 }
 
 // Runs the adapter of the shape around the settings function.
@@ -45,19 +46,18 @@ int RunAdapter(Fn fn, const char* command, std::vector<unsigned char>& data, std
 
 }  // namespace
 
-#define ZDL_IMPLEMENTED(name)                                                                                  \
-  int CExecDealerAPI::ZA_##name(std::vector<unsigned char>& data, std::string& firm) {                         \
-    constexpr EAdapterShape kShape = RowOf(#name).shape;                                                       \
-    static_assert(RowOf(#name).function == "ZDL_" #name, "the handler calls the settings function of its row"); \
-    DL::Adapters::TAdapterEnv env{[this](const std::string& f, std::string line) { AddChangeLine(f, std::move(line)); }, \
-                                  &ZDL_FreeMemory};                                                            \
-    return RunAdapter<kShape>(&ZDL_##name, #name, data, firm, env);                                            \
-  }
-#include "api/Implemented.def"
-#undef ZDL_IMPLEMENTED
+namespace DL::CommandHandlers {
 
-void CExecDealerAPI::RegisterCommands() {
-#define ZDL_IMPLEMENTED(name) m_mapFunctions[#name] = &CExecDealerAPI::ZA_##name;
-#include "api/Implemented.def"
-#undef ZDL_IMPLEMENTED
-}
+#define ZDL_OPERATION(op, qualifier, params, args)                                                           \
+  int ZDL_##op(CExecDealerAPI& api, std::vector<unsigned char>& data, std::string& firm) {                  \
+    constexpr const TCommandRow& row = RowOfFunction("ZDL_" #op);                                            \
+    static_assert(row.shape != EAdapterShape::OwnRecord, "a command with a record of its own has no adapter"); \
+    Adapters::TAdapterEnv env{                                                                               \
+        [&api](const std::string& f, std::string line) { api.AddChangeLine(f, std::move(line)); },            \
+        &::ZDL_FreeMemory};                                                                                  \
+    return RunAdapter<row.shape>(&::ZDL_##op, row.name.data(), data, firm, env);                           \
+  }
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
+
+}  // namespace DL::CommandHandlers

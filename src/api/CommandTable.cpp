@@ -83,9 +83,4 @@ std::string HandlerName(const TCommandRow& row) {
   return handler;
 }
 
-bool PassesReadOnlyTest(std::string_view name) {
-  std::string_view head = name.substr(0, 3);
-  return head != "Add" && head != "Rem" && head != "Set";
-}
-
 }  // namespace DL

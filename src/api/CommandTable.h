@@ -1,13 +1,49 @@
 #pragma once
-// The remote command table as data: one row per command of the "ZDealerAPI"
-// verb, expanded from api/Commands.def. The dispatcher registers its handlers
-// from these rows; the reference in docs/api.md is printed from them too.
+// The remote command table: one row per command of the "ZDealerAPI" verb,
+// expanded from api/Commands.def while compiling. The table is the dispatcher:
+// ExecuteDealerAPI finds the row by name and applies its handler, its
+// read-only rule and its firm check. The reference in docs/api.md is printed
+// from the same rows.
 #include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
+
+class CExecDealerAPI;
 
 namespace DL {
+
+// A command's handler: decodes the request block in data, runs the settings
+// operation, encodes the reply into data. firm is the firm the caller holds
+// (empty for a reader); api takes the change lines.
+using TCommandHandler = int (*)(CExecDealerAPI& api, std::vector<unsigned char>& data, std::string& firm);
+
+// Whether a caller who holds no file may run the command: every name that does
+// not begin with "Add", "Rem" or "Set". Move commands pass here; the firm check
+// of their rows stops a reader instead.
+constexpr bool PassesReadOnlyTest(std::string_view name) {
+  const std::string_view head = name.substr(0, 3);
+  return head != "Add" && head != "Rem" && head != "Set";
+}
+
+// The handler of every row, by the name of its settings function. A line of
+// core/SettingsOperations.def declares the real handler here (its body is in
+// CommandHandlers.cpp); every other name falls through to the null of
+// NotImplemented, because a qualified name found in the namespace itself hides
+// the names brought in by a using-directive.
+namespace CommandHandlers {
+namespace NotImplemented {
+#define ZDL_COMMAND(name, verb, scope, shape, record, function, firmCheck) inline constexpr std::nullptr_t function = nullptr;
+#include "api/Commands.def"
+#undef ZDL_COMMAND
+}  // namespace NotImplemented
+using namespace NotImplemented;
+#define ZDL_OPERATION(name, qualifier, params, args) \
+  int ZDL_##name(CExecDealerAPI& api, std::vector<unsigned char>& data, std::string& firm);
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
+}  // namespace CommandHandlers
 
 // The first word of a command's name.
 enum class ECommandVerb : unsigned char { Get, Set, Remove, Add, Move };
@@ -49,6 +85,8 @@ struct TCommandRow {
   std::string_view record;    // TDL_ record of an own handler; empty for an adapter command
   std::string_view function;  // the settings function the handler calls, "ZDL_..."
   bool firmCheck;             // refuses a "firmCode" other than the firm the caller holds
+  bool readerMayRun;          // a caller who holds nothing may run it (PassesReadOnlyTest)
+  TCommandHandler handler;    // null while the settings operation is not written
 };
 
 namespace CommandTableTokens {
@@ -80,7 +118,9 @@ inline constexpr std::array<TCommandRow, kCommandCount> kCommandTable = {{
               EAdapterShape::shape,                                                                 \
               CommandTableTokens::RecordColumn(#record),                                            \
               #function,                                                                            \
-              CommandTableTokens::firmCheck},
+              CommandTableTokens::firmCheck,                                                        \
+              PassesReadOnlyTest(#name),                                                            \
+              TCommandHandler(CommandHandlers::function)},
 #include "api/Commands.def"
 #undef ZDL_COMMAND
 }};
@@ -105,6 +145,12 @@ constexpr std::size_t CountCommands(EAdapterShape shape) {
   for (const TCommandRow& row : kCommandTable) n += row.shape == shape ? 1 : 0;
   return n;
 }
+// Number of rows with a handler: the commands a client can run today.
+constexpr std::size_t CountHandlers() {
+  std::size_t n = 0;
+  for (const TCommandRow& row : kCommandTable) n += row.handler != nullptr ? 1 : 0;
+  return n;
+}
 // Number of rows whose handler has the firm check.
 constexpr std::size_t CountFirmChecks() {
   std::size_t n = 0;
@@ -120,10 +166,5 @@ EShapeKind ShapeKind(EAdapterShape shape);
 
 // The handler's name: "ZA_" and the settings function's name without "ZDL_".
 std::string HandlerName(const TCommandRow& row);
-
-// Whether a caller who holds no file may run the command: every name that does
-// not begin with "Add", "Rem" or "Set". Move commands pass here; their
-// handlers' firm check stops a reader instead.
-bool PassesReadOnlyTest(std::string_view name);
 
 }  // namespace DL

@@ -1,9 +1,6 @@
 #include "api/ExecDealerAPI.h"
 
-#include <fstream>
-#include <iterator>
-#include <sstream>
-
+#include "api/CLibraryHolds.h"
 #include "api/FileVerbRecords.h"
 #include "api/ZDeallibAPI.h"
 #include "support/Alert.h"
@@ -16,38 +13,53 @@ CExecDealerAPI g_ExecDealerAPI;
 
 namespace {
 
-// The moves of MoveFileEx the library is replaced with: rename over the target.
-constexpr DWORD kReplaceLibrary = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-
 int SettingsResult(int n) { return n == 0 ? ZDA_OK : n + ZDA_SETTINGS_BASE; }
 
-// Reads a whole file as bytes; false when it cannot be opened.
-bool ReadLibrary(const std::string& path, std::string* text) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return false;
-  text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  return true;
-}
+// The five file verbs, which the dispatcher runs itself before any check.
+struct TFileVerb {
+  std::string_view name;
+  int (*run)(CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+             const std::string& userName, int port);
+};
 
-// The library's file path on the port, or null when the name is no library of it.
-const std::string* FindLibraryPath(const tagDL_work* work, const std::string& name) {
-  auto library = work->mapLibrary.find(name);
-  return library == work->mapLibrary.end() ? nullptr : &library->second;
+constexpr TFileVerb kFileVerbs[] = {
+    {"DLGetClassList",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLGetClassList(data, work, user, kind, userName, port); }},
+    {"DLGetFirmList",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int) { return api.ZA_DLGetFirmList(data, work, user, kind, userName); }},
+    {"DLOpenFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLOpenFile(data, work, user, kind, userName, port); }},
+    {"DLUpdateFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int port) { return api.ZA_DLUpdateFile(data, work, user, kind, userName, port); }},
+    {"DLCloseFile",
+     [](CExecDealerAPI& api, std::vector<unsigned char>& data, tagDL_work* work, int user, int kind,
+        const std::string& userName, int) { return api.ZA_DLCloseFile(data, work, user, kind, userName); }},
+};
+
+// The "firmCode" of a request block, the field every command's record begins
+// with; empty when the block has none.
+ZDL_DECLARE_RECORD(TDL_RecordFirm, (std::string, firmCode));
+
+std::string RecordFirm(std::vector<unsigned char>& data) {
+  TDL_RecordFirm record;
+  LoadDataForZDeallibAPI(record, data);
+  return record.firmCode;
 }
 
 }  // namespace
 
-CExecDealerAPI::CExecDealerAPI() { RegisterCommands(); }
+CExecDealerAPI::CExecDealerAPI(TFindCommand findCommand) : m_findCommand(findCommand) {}
 
 CExecDealerAPI::~CExecDealerAPI() = default;
 
 int CExecDealerAPI::ExecuteDealerAPI(std::string& command, std::vector<unsigned char>& data, tagDL_work* work,
                                      int user, int kind, std::string userName, int port) {
-  if (command == "DLGetClassList") return ZA_DLGetClassList(data, work, user, kind, userName, port);
-  if (command == "DLGetFirmList") return ZA_DLGetFirmList(data, work, user, kind, userName);
-  if (command == "DLOpenFile") return ZA_DLOpenFile(data, work, user, kind, userName, port);
-  if (command == "DLUpdateFile") return ZA_DLUpdateFile(data, work, user, kind, userName, port);
-  if (command == "DLCloseFile") return ZA_DLCloseFile(data, work, user, kind, userName);
+  for (const TFileVerb& verb : kFileVerbs)
+    if (command == verb.name) return verb.run(*this, data, work, user, kind, userName, port);
 
   // The firm the caller holds; a caller who holds nothing is a reader.
   bool readOnly = true;
@@ -64,13 +76,16 @@ int CExecDealerAPI::ExecuteDealerAPI(std::string& command, std::vector<unsigned 
     }
   }
 
-  auto handler = m_mapFunctions.find(command);
-  if (handler == m_mapFunctions.end()) return ZDA_UNKNOWN_COMMAND;
+  // A row without a handler is a command whose settings operation is not
+  // written yet: unknown to a client, like a name that is not in the table.
+  const DL::TCommandRow* row = m_findCommand(command);
+  if (row == nullptr || row->handler == nullptr) return ZDA_UNKNOWN_COMMAND;
   Library::Host::Event(10, "executeZDealerAPI %s", command.c_str());
-  // Move commands pass here on purpose: their handlers' firm check answers 11.
-  const std::string verb = command.substr(0, 3);
-  if (readOnly && (verb == "Add" || verb == "Rem" || verb == "Set")) return ZDA_READ_ONLY;
-  int result = (this->*handler->second)(data, firm);
+  // Move commands pass here on purpose: their firm check answers 11.
+  if (readOnly && !row->readerMayRun) return ZDA_READ_ONLY;
+  // The firm check: a record addressed to another firm than the one the caller
+  // holds is refused before anything is touched.
+  const int result = row->firmCheck && RecordFirm(data) != firm ? ZDA_BUSY : row->handler(*this, data, firm);
   Library::Host::Event(10, "resultZDealerAPI %d", result);
   return result;
 }
@@ -113,22 +128,22 @@ int CExecDealerAPI::ZA_DLOpenFile(std::vector<unsigned char>& data, tagDL_work* 
   TDL_DLOpenFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
-  tagDL_fileState& state = work->mapFileState[path];
-  if (record.nMode == 0 && state.busy != 0 && state.user != user) return ZDA_BUSY;
+  tagDL_fileState& state = holds.State(path);
+  if (record.nMode == 0 && holds.HeldByOther(path, user)) return ZDA_BUSY;
 
   std::string text;
-  if (!ReadLibrary(path, &text)) return ZDA_CANNOT_OPEN;
+  if (!CLibraryHolds::Read(path, &text)) return ZDA_CANNOT_OPEN;
   // Every successful open reloads the firm, also a read-only one.
   const int n = ZDL_LoadSettingsForFirm(record.firmCode.c_str(), text.c_str(), 2);
   if (n == 0) {
     work->mapFileUsers[path].insert(user);
     if (record.nMode == 0) {
-      state.user = user;
-      state.busy = 1;
-      AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, text);
+      holds.Hold(path, user);
+      CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, record.firmCode, text);
     }
   }
   Library::Host::Event(0, "User[%d], call ZA_DLOpenFile for port[%d], library name[%s]size[%d]user[%d]busy[%d].",
@@ -141,10 +156,11 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
   TDL_DLUpdateFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
-  tagDL_fileState& state = work->mapFileState[path];
+  tagDL_fileState& state = holds.State(path);
   if (state.busy == 0 || state.user != user) return ZDA_UPDATE_FAILED;
 
   std::string text;
@@ -155,24 +171,19 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     void* given = block;
     (void)ZDL_FreeMemory(record.firmCode.c_str(), &given);
 
-    const std::string temporary = path + ".temp";
-    {
-      std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-      out.write(text.data(), static_cast<std::streamsize>(text.size()));
-      if (!out) return ZDA_UPDATE_FAILED;
-    }
-    if (!MoveFileEx(temporary.c_str(), path.c_str(), kReplaceLibrary)) {
+    const CLibraryHolds::EReplace replaced = CLibraryHolds::Replace(path, text);
+    if (replaced == CLibraryHolds::EReplace::NotWritten) return ZDA_UPDATE_FAILED;
+    if (replaced == CLibraryHolds::EReplace::NotMoved) {
       Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
                            port, record.firmCode.c_str(), static_cast<int>(GetLastError()));
       return ZDA_UPDATE_FAILED;  // the temporary file stays behind
     }
     std::vector<std::string>& lines = m_DEALLIB_PACKET_CHANGE_map[record.firmCode];
     const std::string count = std::to_string(lines.size());
-    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode,
-                      m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode), &count);
-    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, text);
-    state.user = user;  // the hold goes on
-    state.busy = 1;
+    CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_PACKET_CHANGE", userName, record.firmCode,
+                         m_DEALLIB_PACKET_CHANGE_map_To_Str(record.firmCode), &count);
+    CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, record.firmCode, text);
+    holds.Hold(path, user);  // the hold goes on
   }
   Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], library name[%s]size[%d]user[%d]busy[%d].",
                        user, port, record.firmCode.c_str(), static_cast<int>(text.size()), state.user, state.busy);
@@ -184,13 +195,14 @@ int CExecDealerAPI::ZA_DLCloseFile(std::vector<unsigned char>& data, tagDL_work*
   TDL_DLCloseFile record;
   LoadDataForZDeallibAPI(record, data);
   Library::Thread::Lock lock(g_Locker);
-  const std::string* found = FindLibraryPath(work, record.firmCode);
+  CLibraryHolds holds(*work);
+  const std::string* found = holds.FindPath(record.firmCode);
   if (found == nullptr) return ZDA_UNKNOWN_FIRM;
   const std::string path = *found;
   std::set<int>& users = work->mapFileUsers[path];
   if (users.erase(user) == 0) return ZDA_NOT_OPEN;
 
-  tagDL_fileState& state = work->mapFileState[path];
+  tagDL_fileState& state = holds.State(path);
   int n = 0;
   // Only the holder drops the firm's settings; a last reader leaves them loaded.
   if (state.user == user) {

@@ -1,13 +1,16 @@
 #pragma once
 // The remote settings API. An administrator client sends, through the module
 // verb "ZDealerAPI", a command name and a binary argument block; the
-// dispatcher runs one of the five file verbs itself or finds the command's
-// handler in its table, decides who may run what, and gathers the change lines
-// that the next "DLUpdateFile" reports to the audit trail.
+// dispatcher runs one of the five file verbs itself or finds the command's row
+// in the command table (api/CommandTable.h) and applies it: the handler, the
+// read-only rule and the firm check all come from the row. It also gathers the
+// change lines that the next "DLUpdateFile" reports to the audit trail.
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "api/CommandTable.h"
 #include "api/DLWork.h"
 
 // Result codes of the remote API, as they go back in the reply.
@@ -25,12 +28,12 @@ enum EDealerAPIResult : int {
 
 class CExecDealerAPI {
  public:
-  // A command handler: decodes its record from data, calls the settings layer,
-  // encodes the result back into data. firm is the firm the caller holds
-  // (empty for a reader).
-  using THandler = int (CExecDealerAPI::*)(std::vector<unsigned char>& data, std::string& firm);
+  // Finds a command's row by its exact name; null for a name that is none.
+  using TFindCommand = const DL::TCommandRow* (*)(std::string_view name);
 
-  CExecDealerAPI();  // builds the command table
+  // The module's dispatcher runs on the compiled table (DL::FindCommand); a
+  // test may hand in rows of its own.
+  explicit CExecDealerAPI(TFindCommand findCommand = &DL::FindCommand);
   virtual ~CExecDealerAPI();
   CExecDealerAPI(const CExecDealerAPI&) = delete;
   CExecDealerAPI& operator=(const CExecDealerAPI&) = delete;
@@ -49,29 +52,19 @@ class CExecDealerAPI {
                       int port);
   int ZA_DLCloseFile(std::vector<unsigned char>& data, tagDL_work* work, int user, int kind, std::string userName);
 
-  // Handlers of the registered commands, generated from the command table.
-#define ZDL_IMPLEMENTED(name) int ZA_##name(std::vector<unsigned char>& data, std::string& firm);
-#include "api/Implemented.def"
-#undef ZDL_IMPLEMENTED
-
   // The firm's change lines, each followed by "\r\n"; the list is emptied.
   // The caller holds g_Locker.
   std::string m_DEALLIB_PACKET_CHANGE_map_To_Str(std::string& firm);
 
-  // Number of commands in the table.
-  size_t CommandCount() const { return m_mapFunctions.size(); }
-  bool HasCommand(const std::string& name) const { return m_mapFunctions.count(name) != 0; }
+  // Appends a change line of a successful change under the firm the caller
+  // holds. Handlers call it; it takes g_Locker.
+  void AddChangeLine(const std::string& firm, std::string line);
 
   std::map<std::string, std::vector<std::string>> m_DEALLIB_PACKET_CHANGE_map;  // firm -> pending change lines
   std::vector<std::string> m_lsClasses;                                        // classes of the last DLGetClassList
-  std::map<std::string, THandler> m_mapFunctions;                              // command name -> handler
 
- protected:
-  // Puts every registered command into m_mapFunctions under its name.
-  void RegisterCommands();
-
-  // Appends a change line of a successful change under the firm the caller holds.
-  void AddChangeLine(const std::string& firm, std::string line);
+ private:
+  TFindCommand m_findCommand;  // the command table
 };
 
 // The one instance, built when the module is loaded.

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "api/ZDLTypes.h"
+#include "base/ApiRecords.h"
 
 // count = in.size(); items is a block of that many entries (also for an empty
 // vector: a block of zero length), each string in a block of its length plus one.

@@ -2,7 +2,7 @@
 
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 using DL::TInfoStorage;
 
@@ -37,12 +37,10 @@ int ZDL_SaveSettingsToFile(const char* firm, const char* /*path*/) {
   return m_firmManager.GetInfoStorage(firm) == nullptr ? ZDL_FIRM_NOT_LOADED : ZDL_OK;
 }
 
-int ZDL_GetUsePGOFromGlobal(const char* firm, bool* value) {
-  TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);
-  return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->GetUsePGOFromGlobal(value);
-}
-
-int ZDL_SetUsePGOToGlobal(const char* firm, int value) {
-  TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);
-  return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->SetUsePGOToGlobal(value);
-}
+#define ZDL_OPERATION(name, qualifier, params, args)                   \
+  int ZDL_##name ZDL_FIRM_AND_ params {                                \
+    TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);        \
+    return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->name args; \
+  }
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION

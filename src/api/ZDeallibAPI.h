@@ -4,7 +4,7 @@
 // code; a firm that is not loaded gives 2. Arrays passed in stay the caller's;
 // arrays and strings handed out belong to the firm's memory until given back
 // with ZDL_FreeMemory (and die with the firm).
-#include "api/ZDLTypes.h"
+#include "base/ApiRecords.h"
 
 namespace DL {
 class TFirmManager;
@@ -31,11 +31,14 @@ DL::TFirmManager& ZDL_GetFirmManager();
 // text goes out only through ZDL_SaveSettingsToMemory.
 [[nodiscard]] int ZDL_SaveSettingsToFile(const char* firm, const char* path);
 
-// ---- General section, direct parameters ----
+// ---- The operations of the remote commands ----
 
-// Whether "UsePGO" of section "General" is set: 3 for a null value, 4 when the
-// section is missing; a missing parameter reads as false with result 0.
-[[nodiscard]] int ZDL_GetUsePGOFromGlobal(const char* firm, bool* value);
-// 1 sets "UsePGO" to "1" (creating "General" if needed), 0 erases it; any
-// other value is refused with 3.
-[[nodiscard]] int ZDL_SetUsePGOToGlobal(const char* firm, int value);
+// "(const char* firm, <the parameters of the line>)".
+#define ZDL_FIRM_AND_(...) (const char* firm __VA_OPT__(, ) __VA_ARGS__)
+// "(firm, <the arguments of the line>)".
+#define ZDL_FIRM_ARGS_(...) (firm __VA_OPT__(, ) __VA_ARGS__)
+
+// ZDL_<name> for every line of SettingsOperations.def, where its meaning is told.
+#define ZDL_OPERATION(name, qualifier, params, args) [[nodiscard]] int ZDL_##name ZDL_FIRM_AND_ params;
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

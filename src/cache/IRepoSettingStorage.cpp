@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLTypes.h"
+#include "base/TextHelpers.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -2,8 +2,7 @@
 
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/TUniversalParser.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -82,9 +81,9 @@ void ReadCorrelationSetting(int read, int def, int base, int global, bool first,
 
 }  // namespace
 
-TCacheOfClientMarginRestrictions::TCacheOfClientMarginRestrictions(TIniParser& parser, TUniversalParser* universal,
-                                                                   const TStorageHub& hub)
-    : AIniSettingCacheMaster<TClientMarginRestrictions>(parser, nullptr), m_logic(parser), m_storageHub(hub) {
+TCacheOfClientMarginRestrictions::TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal,
+                                                                   const IFirmSettings& firm)
+    : AIniSettingCacheMaster<TClientMarginRestrictions>(parser, nullptr), m_logic(parser), m_firm(firm) {
   SetGlobalSettings(ParseGlobalSettings(universal));
   for (const auto& [client, sections] : parser.GetMarginClientSettings()) m_clients.Register(client);
   for (const auto& [prefix, sections] : parser.GetMarginPrefixClientSettings()) {
@@ -108,7 +107,7 @@ const TClientMarginRestrictionsBody& TCacheOfClientMarginRestrictions::GlobalBod
 // ---- Parsing ----
 
 std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::ParseGlobalSettings(
-    const TUniversalParser* universal) const {
+    const IGeneralParamReader* universal) const {
   auto object = std::make_unique<TObject>();
   TBody& b = (*object)[0];
   const TIniParser& p = Parser();
@@ -119,9 +118,7 @@ std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::Par
   // A typed parameter of "General" is read from the universal parser, which
   // is its home; the others from the section, or their defaults.
   auto typed = [&](const char* key, int& out) {
-    if (universal == nullptr) return false;
-    const int num = universal->GetParamNumInSect(iscGeneral, key);
-    return num >= 0 && universal->GetIntParamFromGlobalSection(out, iscGeneral, num) == ZDL_OK;
+    return universal != nullptr && universal->ReadGeneralInt(key, out);
   };
   auto readInt = [&](const char* key, int def, bool fromGeneral) {
     int v = def;

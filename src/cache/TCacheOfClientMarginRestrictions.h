@@ -22,6 +22,7 @@
 #include <utility>
 #include <vector>
 
+#include "cache/IGeneralParamReader.h"
 #include "cache/TClientMarginRestrictions.h"
 #include "cache/TIniSettingCache.h"
 #include "ini/TIniLogicParser.h"
@@ -29,8 +30,7 @@
 
 namespace DL {
 
-class TStorageHub;
-class TUniversalParser;
+class IFirmSettings;
 
 class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMarginRestrictions> {
  public:
@@ -42,8 +42,8 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   // "DiscountsTypeByClasses"; the typed parameters of "General" from
   // `universal`, when given) and the general object, and enters every
   // client, prefix and margin template of the text, unparsed. The parser and
-  // the hub must outlive the cache; `universal` is read here only.
-  TCacheOfClientMarginRestrictions(TIniParser& parser, TUniversalParser* universal, const TStorageHub& hub);
+  // the firm must outlive the cache; `universal` is read here only.
+  TCacheOfClientMarginRestrictions(TIniParser& parser, const IGeneralParamReader* universal, const IFirmSettings& firm);
 
   // ---- Objects ----
   TObject* GetGlobalSettings() const { return GlobalSettings(); }
@@ -115,13 +115,13 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   // One section into `out`, on the base body; `first` is set for limit kind 0.
   void ParseSettingsFromSection(const TIniKeyMap& section, const TBody& base, TBody& out, bool first) const;
   // The global object from the firm's global sections.
-  std::unique_ptr<TObject> ParseGlobalSettings(const TUniversalParser* universal) const;
+  std::unique_ptr<TObject> ParseGlobalSettings(const IGeneralParamReader* universal) const;
   // Keys "InstrumentsWithoutCurrencyRisk_" + class: value a list of securities.
   static void ParseInstrumentsWithoutCurrencyRisk(const TIniKeyMap& keys,
                                                   TMarginCodeMap<std::vector<std::string>>& out);
 
   const TIniLogicParser& Logic() const { return m_logic; }
-  const TStorageHub& StorageHub() const { return m_storageHub; }
+  const IFirmSettings& Firm() const { return m_firm; }
 
  private:
   // The body of limit kind 0 of the global object (defaults when absent).
@@ -132,7 +132,7 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
   TParseResult ObjectOfSection(const std::string& section, ESettingsSource source) const;
 
   TIniLogicParser m_logic;
-  const TStorageHub& m_storageHub;
+  const IFirmSettings& m_firm;
   std::unique_ptr<TObject> m_general;
   mutable TParsedTemplates<TObject> m_templates;
   mutable TParsedMap m_clients;

@@ -2,9 +2,9 @@
 
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
-#include "core/ZDLErrors.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
+#include "base/ResultCodes.h"
 #include "ini/IniSectCodes.h"
 
 namespace DL {

@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
-#include "core/ZDLErrors.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
+#include "base/ResultCodes.h"
+#include "base/Numbers.h"
 
 namespace DL {
 
@@ -20,12 +20,6 @@ constexpr int kTheoreticalPriceType = 6;  // "THEORPRICE"
 
 const std::string& ParamUp(P::EIniParamCodeNum code) { return P::GetIniParamCodeUp(code); }
 
-bool StartsWith(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() && text.compare(0, prefix.size(), prefix) == 0;
-}
-bool EndsWith(std::string_view text, std::string_view suffix) {
-  return text.size() >= suffix.size() && text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
 
 // What a key of a client or template section fills.
 enum class EKeyKind {
@@ -119,8 +113,8 @@ void DropNegative(TPriceLimit& limit) {
 
 }  // namespace
 
-TCacheOfSecurityRestrictions::TCacheOfSecurityRestrictions(TIniParser& parser, const TStorageHub& hub)
-    : AIniSettingCacheMaster(parser, nullptr), m_ownerHub(hub), m_logic(parser) {
+TCacheOfSecurityRestrictions::TCacheOfSecurityRestrictions(TIniParser& parser, const IFirmSettings& firm)
+    : AIniSettingCacheMaster(parser, nullptr), m_firm(firm), m_logic(parser) {
   ParseGlobalSettings();
 }
 
@@ -267,7 +261,7 @@ void TCacheOfSecurityRestrictions::ParsePriceLimit(TPriceLimit& limit, const TDe
   const std::string keyUp = StrUpper(TrimStr(key));
   if (keyUp == kMiddleKeyUp) return;  // the family's default, read before
   const std::string& middleUp = P::GetPartIniParamCodeUp(P::ppc_MIDDLE);
-  if (EndsWith(keyUp, middleUp)) {
+  if (StringFinishesCaseSens(keyUp, middleUp)) {
     const std::string item = keyUp.substr(0, keyUp.size() - middleUp.size());
     if (item.empty() || IsRowLengthGreaterMaxLength(item, type)) return;
     const int priceType = P::GetPriceType(StrUpper(TrimStr(value)));
@@ -334,10 +328,10 @@ void TCacheOfSecurityRestrictions::ParseCommissionWriteOfCurrency(TCommissionWri
   } else {
     TCommissionWriteOffCurrency::TByCurrency* target = nullptr;
     std::size_t prefix = 0;
-    if (StartsWith(keyUp, ParamUp(P::ipcCommissionWriteOffCurrency_))) {
+    if (StringStartsCaseSens(keyUp, ParamUp(P::ipcCommissionWriteOffCurrency_))) {
       target = &out.broker;
       prefix = ParamUp(P::ipcCommissionWriteOffCurrency_).size();
-    } else if (StartsWith(keyUp, ParamUp(P::ipcTSCommission_))) {
+    } else if (StringStartsCaseSens(keyUp, ParamUp(P::ipcTSCommission_))) {
       target = &out.tradeSystem;
       prefix = ParamUp(P::ipcTSCommission_).size();
     }
@@ -372,11 +366,11 @@ void TCacheOfSecurityRestrictions::ParseSectionKey(TClientSecurityRestrictions& 
         if (keyUp != nameUp) continue;
         break;
       case P::ParamMatchPrefix:
-        if (!StartsWith(keyUp, nameUp)) continue;
+        if (!StringStartsCaseSens(keyUp, nameUp)) continue;
         rest = RestOfPrefix(rule.name, key);
         break;
       default:
-        if (!EndsWith(keyUp, nameUp)) continue;
+        if (!StringFinishesCaseSens(keyUp, nameUp)) continue;
         rest = std::string_view(key).substr(0, key.size() - nameUp.size());
         break;
     }

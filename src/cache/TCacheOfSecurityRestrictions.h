@@ -15,13 +15,13 @@
 
 #include "cache/TClientSecurityRestrictions.h"
 #include "cache/TIniSettingCache.h"
-#include "core/DLCodeLength.h"
+#include "base/CodeLengths.h"
 #include "ini/SettingsText.h"
 #include "ini/TIniLogicParser.h"
 
 namespace DL {
 
-class TStorageHub;
+class IFirmSettings;
 
 class TCacheOfSecurityRestrictions : public AIniSettingCacheMaster<TClientSecurityRestrictions> {
  public:
@@ -29,9 +29,9 @@ class TCacheOfSecurityRestrictions : public AIniSettingCacheMaster<TClientSecuri
   // Section or template name -> parsed object, names compared ignoring case.
   using TParsedMap = std::map<std::string, TSharedSettings, StringMapComparerFunc>;
 
-  // Parses the global settings of the text. The hub is the owner; it is not
+  // Parses the global settings of the text. The firm (IFirmSettings) is the owner; it is not
   // read while parsing.
-  TCacheOfSecurityRestrictions(TIniParser& parser, const TStorageHub& hub);
+  TCacheOfSecurityRestrictions(TIniParser& parser, const IFirmSettings& firm);
 
   // Resolution of a client's section: the object and its source (1 a
   // personal or prefix section, 2 a template); a null object when only the
@@ -57,7 +57,7 @@ class TCacheOfSecurityRestrictions : public AIniSettingCacheMaster<TClientSecuri
   // Client-level objects by section name; template objects by template name.
   const TParsedMap& GetParsedClientSettings() const { return m_clients; }
   const TParsedMap& GetParsedTemplateSettings() const { return m_templates; }
-  const TStorageHub& OwnerHub() const { return m_ownerHub; }
+  const IFirmSettings& Firm() const { return m_firm; }
 
   // ---- Lines of the settings, each on the object it fills ----
   // "OrderMaxValue": "amount[,currency]"; without an amount the global one
@@ -106,7 +106,7 @@ class TCacheOfSecurityRestrictions : public AIniSettingCacheMaster<TClientSecuri
   // The template of a client template section name.
   static std::string TemplateOfSection(const std::string& section);
 
-  const TStorageHub& m_ownerHub;
+  const IFirmSettings& m_firm;
   TIniLogicParser m_logic;
   mutable TParsedMap m_clients;    // client-level sections, by section name
   mutable TParsedMap m_templates;  // templates, by template name

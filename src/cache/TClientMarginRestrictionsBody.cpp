@@ -1,6 +1,6 @@
 #include "cache/TClientMarginRestrictionsBody.h"
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

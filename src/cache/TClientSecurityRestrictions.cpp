@@ -1,6 +1,6 @@
 #include "cache/TClientSecurityRestrictions.h"
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

@@ -13,7 +13,7 @@
 #include "cache/TPartnersAndSettleCodes.h"
 #include "cache/TPriceLimit.h"
 #include "cache/TRowListWithAll.h"
-#include "core/TClassList.h"
+#include "base/TClassList.h"
 #include "ini/SettingsText.h"
 #include "ini/TMaxOrderValue.h"
 

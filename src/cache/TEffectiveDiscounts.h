@@ -5,7 +5,7 @@
 // marks of a marginal security.
 #include <string>
 
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

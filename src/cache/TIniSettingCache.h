@@ -22,14 +22,14 @@
 #include <utility>
 
 #include "cache/TIniCacheItemID.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "ini/SettingsText.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"
 
 namespace DL {
 
-class TStorageHub;
+class IFirmSettings;
 
 // Objects parsed from sections, one per section name (case ignored), built
 // once and shared by every query that resolves to the section.
@@ -89,7 +89,7 @@ class AIniSettingCacheMaster {
   using TParseResult = std::pair<T*, int>;
   using TItemTable = std::unordered_map<TIniCacheItemKey, T*, TIniCacheItemKeyHash, TIniCacheItemKeyEqual>;
 
-  AIniSettingCacheMaster(TIniParser& parser, TStorageHub* hub) : m_parser(parser), m_hub(hub) {
+  AIniSettingCacheMaster(TIniParser& parser, const IFirmSettings* firm) : m_parser(parser), m_firm(firm) {
     m_items.max_load_factor(1.0f);
   }
   AIniSettingCacheMaster(const AIniSettingCacheMaster&) = delete;
@@ -114,7 +114,7 @@ class AIniSettingCacheMaster {
   T* GlobalSettings() const { return m_global.get(); }
   const TItemTable& ItemTable() const { return m_items; }
   TIniParser& Parser() const { return m_parser; }
-  TStorageHub* Hub() const { return m_hub; }
+  const IFirmSettings* Firm() const { return m_firm; }
 
  protected:
   void SetGlobalSettings(std::unique_ptr<T> global) { m_global = std::move(global); }
@@ -122,7 +122,7 @@ class AIniSettingCacheMaster {
 
  private:
   TIniParser& m_parser;
-  TStorageHub* m_hub;            // not owned; null where a cache does not need it
+  const IFirmSettings* m_firm;   // not owned; null where a cache does not need it
   std::unique_ptr<T> m_global;   // parsed by the derived class's constructor
   mutable TItemTable m_items;    // resolved client-level items; the objects are not owned here
 };

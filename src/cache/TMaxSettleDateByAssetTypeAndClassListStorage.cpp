@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <limits>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

@@ -13,7 +13,7 @@
 
 #include "cache/AssetType.h"
 #include "cache/IRepoSettingStorage.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "core/DLCodeLength.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/CodeLengths.h"
+#include "base/TextHelpers.h"
 #include "ini/TIniParser.h"
 
 namespace DL {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

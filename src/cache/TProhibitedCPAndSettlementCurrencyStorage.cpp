@@ -1,6 +1,6 @@
 #include "cache/TProhibitedCPAndSettlementCurrencyStorage.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

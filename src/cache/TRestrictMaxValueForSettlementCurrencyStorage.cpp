@@ -1,7 +1,7 @@
 #include "cache/TRestrictMaxValueForSettlementCurrencyStorage.h"
 
-#include "core/DLFunctionHelpers.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

@@ -11,7 +11,7 @@
 #include <tuple>
 
 #include "cache/IRepoSettingStorage.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

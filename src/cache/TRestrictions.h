@@ -15,8 +15,8 @@
 #include "cache/TProhibitedCPAndSettlementCurrencyStorage.h"
 #include "cache/TRestrictMaxValueForSettlementCurrencyStorage.h"
 #include "cache/TRestrictREPOWithCPBasedOnTermStorage.h"
-#include "core/DLInnerTypes.h"
-#include "core/DLTypes.h"
+#include "base/PlainRecords.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "ini/TIniParser.h"
 
 namespace DL {

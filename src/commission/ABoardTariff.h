@@ -15,7 +15,7 @@
 // made with Clone.
 #include <memory>
 
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 #include "margin/ZDepoCount.h"
 
 namespace DL {

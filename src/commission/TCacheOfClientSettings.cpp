@@ -1,6 +1,6 @@
 #include "commission/TCacheOfClientSettings.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -18,8 +18,8 @@ constexpr double kDefaultBrokerRate = 0.5;
 
 }  // namespace
 
-TCacheOfClientSettings::TCacheOfClientSettings(TIniParser& parser, TStorageHub* hub)
-    : AIniSettingCacheMaster<TClientCommSettings>(parser, hub), m_logic(parser) {
+TCacheOfClientSettings::TCacheOfClientSettings(TIniParser& parser, const IFirmSettings* firm)
+    : AIniSettingCacheMaster<TClientCommSettings>(parser, firm), m_logic(parser) {
   ParseGlobalSettings();
 }
 

@@ -18,7 +18,7 @@ class TCacheOfClientSettings : public AIniSettingCacheMaster<TClientCommSettings
  public:
   // Builds the cache with a logic parser of its own (its memo serves this
   // cache alone) and parses the firm's settings.
-  TCacheOfClientSettings(TIniParser& parser, TStorageHub* hub);
+  TCacheOfClientSettings(TIniParser& parser, const IFirmSettings* firm);
 
   // The firm's settings: the kind and fixed rate by "UseCommissionScale"
   // of "General" (1: a scale and rate 0; otherwise fixed, "Broker" of

@@ -1,6 +1,6 @@
 #include "commission/TCacheOfCommScales.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -10,8 +10,8 @@ const std::string& PartUp(TIniParser::EPartIniSectCodeNum code) { return TIniPar
 
 }  // namespace
 
-TCacheOfCommScales::TCacheOfCommScales(TIniParser& parser, TStorageHub* hub)
-    : AIniSettingCacheMaster<TCommScale>(parser, hub), m_scaleParser(parser) {
+TCacheOfCommScales::TCacheOfCommScales(TIniParser& parser, const IFirmSettings* firm)
+    : AIniSettingCacheMaster<TCommScale>(parser, firm), m_scaleParser(parser) {
   ParseGlobalSettings();
 }
 

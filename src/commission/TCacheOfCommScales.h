@@ -17,13 +17,13 @@
 
 #include "cache/TIniSettingCache.h"
 #include "commission/TCommScale.h"
-#include "ini/TCommScaleParser.h"
+#include "commission/TCommScaleParser.h"
 
 namespace DL {
 
 class TCacheOfCommScales : public AIniSettingCacheMaster<TCommScale> {
  public:
-  TCacheOfCommScales(TIniParser& parser, TStorageHub* hub);
+  TCacheOfCommScales(TIniParser& parser, const IFirmSettings* firm);
 
   // The firm's scale, then the board scales hashed by upper-case board.
   void ParseGlobalSettings();

@@ -2,7 +2,7 @@
 
 #include "commission/TCacheOfCommScalesBoards.h"
 #include "commission/TCacheOfTariffPlansWithCommRates.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -26,7 +26,6 @@ constexpr TSuffix kSuffixes[] = {
     {"_TRADE_MAX_1SEC", ESuffix::TwoRates}, {"_TRADELOT", ESuffix::Lot}, {"_1SEC", ESuffix::Sec},
 };
 
-bool StartsWith(const std::string& text, const char* prefix) { return text.rfind(prefix, 0) == 0; }
 
 double Number(const std::string& text) { return std::strtod(text.c_str(), nullptr); }
 
@@ -47,15 +46,15 @@ bool TwoNumbers(const std::string& value, double& a, double& b) {
 void TClientCommSettings::ParseClassRates(const TIniKeyMap& keys) {
   for (const auto& [key, value] : keys) {
     const std::string keyUp = StrUpper(key);
-    if (StartsWith(keyUp, kRepoPerDayPrefixUp)) {
+    if (StringStartsCaseSens(keyUp, kRepoPerDayPrefixUp)) {
       RepoPerDay.ParseSettingString(keyUp, value);
       continue;
     }
-    if (StartsWith(keyUp, kRepoScalePrefixUp)) {
+    if (StringStartsCaseSens(keyUp, kRepoScalePrefixUp)) {
       RepoScale.ParseSettingString(keyUp, value);
       continue;
     }
-    if (StartsWith(keyUp, kRepoBrokerPrefixUp)) {
+    if (StringStartsCaseSens(keyUp, kRepoBrokerPrefixUp)) {
       const std::string classCode = keyUp.substr(std::char_traits<char>::length(kRepoBrokerPrefixUp));
       if (!classCode.empty()) repoBrokerClasses.insert(classCode);
       continue;

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

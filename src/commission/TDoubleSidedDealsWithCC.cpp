@@ -1,6 +1,6 @@
 #include "commission/TDoubleSidedDealsWithCC.h"
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

@@ -7,7 +7,7 @@
 #include <ctime>
 
 #include "commission/CurrOpCurrencies.h"
-#include "core/misc.h"
+#include "base/Numbers.h"
 #include "margin/ZDepoCount.h"
 
 namespace DL {

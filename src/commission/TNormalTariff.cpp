@@ -1,6 +1,6 @@
 #include "commission/TNormalTariff.h"
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

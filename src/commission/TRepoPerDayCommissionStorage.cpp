@@ -1,7 +1,7 @@
 #include "commission/TRepoPerDayCommissionStorage.h"
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLTypes.h"
+#include "base/TextHelpers.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -3,8 +3,8 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLTypes.h"
+#include "base/TextHelpers.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -1,6 +1,6 @@
 #include "commission/TTPlusBondsTariff.h"
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

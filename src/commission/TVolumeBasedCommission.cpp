@@ -3,9 +3,9 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/ZDLErrors.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/ResultCodes.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

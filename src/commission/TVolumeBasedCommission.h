@@ -20,7 +20,7 @@
 
 #include "commission/TypeAndRate.h"
 #include "commission/VolumeAndSideToTypeAndRate.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 #include "ini/SettingsText.h"
 
 namespace DL {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

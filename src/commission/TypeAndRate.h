@@ -1,7 +1,7 @@
 #pragma once
 // One step of a volume-based commission table for one side: the kind of the
 // commission, its rate in per cent and its money amount.
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "commission/TypeAndRate.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace DL {
 

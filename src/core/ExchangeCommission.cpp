@@ -7,7 +7,7 @@
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "support/TTodayDate.h"
 
 namespace DL {

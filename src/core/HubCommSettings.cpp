@@ -2,9 +2,9 @@
 // the caches of the load (step 11), the tariff plans (step 19), their part of
 // the save, the firm's commission scale section, and the answer for one
 // client and class.
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/DLInnerTypes.h"
-#include "core/TClassList.h"
+#include "base/PlainRecords.h"
+#include "base/TClassList.h"
 #include "ini/SettingsText.h"
 
 namespace DL {

@@ -4,8 +4,8 @@
 // correspondences, the pre-trade sections and "IgnoreChecks".
 #include <array>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
 #include "core/HubSectionHelpers.h"
 #include "core/TStorageHub.h"
 
@@ -319,6 +319,16 @@ void TStorageHub::SettingToStrIgnoreChecks(std::string& out, const TSettingToStr
     for (const auto& [key, value] : *src.keys)
       if (!IsSameSettingsName(key, clientsName)) AppendLine(body, key, value);
   WriteSection(out, src.section, body);
+}
+
+// "DerivativesBaseAssets": key a base asset, value a comma list.
+void TStorageHub::ParseDerivativesBaseAssets(const TIniKeyMap& keys) {
+  m_derivativesBaseAssets.clear();
+  ParseCodeToListSection(keys, m_derivativesBaseAssets);
+}
+
+void TStorageHub::SettingToStrDerivativesBaseAssets(std::string& out, const TSettingToStrSource& src) const {
+  CodeToListToStr(out, src.section, m_derivativesBaseAssets);
 }
 
 }  // namespace DL

@@ -2,8 +2,8 @@
 // "CommissionSettingsCurrency". Each reader fills its store from the section
 // map; a line it cannot read is kept raw in the store.
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
 #include "core/HubSectionHelpers.h"
 #include "core/TStorageHub.h"
 
@@ -92,7 +92,7 @@ void TStorageHub::ParseLateSectionsBeforeClientCVal() {
 // its component and no part here.
 void TStorageHub::ParseLateSectionsAfterClientCVal() {
   ParseCommissionSettingsCurrency();
-  ParseVolumeBasedCommission();
+  m_volumeCommission.Parse(*m_parser);
   ParseFutRiskLimitingPrice();
   ParsePositionPriceCurrencySection();
   ParseMOEXCommissionExportClassesSection();

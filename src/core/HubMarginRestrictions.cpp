@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "cache/TCacheOfClientMarginRestrictions.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL {
 

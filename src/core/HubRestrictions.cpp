@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "cache/TCacheOfRestrictions.h"
-#include "core/DLDates.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/Dates.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
 
 namespace DL {

@@ -4,9 +4,9 @@
 #include <map>
 
 #include "core/TStorageHub.h"
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
+#include "base/Numbers.h"
 
 namespace DL {
 
@@ -14,7 +14,6 @@ namespace {
 
 constexpr const char* kChangeFutClientCodesUp = "CHANGEFUTCLIENTCODES";
 
-bool StartsWithUp(const std::string& nameUp, const char* prefixUp) { return nameUp.rfind(prefixUp, 0) == 0; }
 
 // Whether an upper-case key matches a catalogue row of the given kind.
 bool KeyMatches(const std::string& keyUp, const std::string& nameUp, std::int32_t kind) {
@@ -79,21 +78,21 @@ void TStorageHub::AppendGlobalSectionRows(std::string& text, TWrittenSections& w
   for (const auto& [name, it] : m_parser->GetGlobalSettings()) {
     if (it == sections.end() || written.count(&it->first) != 0) continue;
     const std::string nameUp = StrUpper(name);
-    if (StartsWithUp(nameUp, kChangeFutClientCodesUp)) {
+    if (StringStartsCaseSens(nameUp, kChangeFutClientCodesUp)) {
       written.insert(&it->first);
       if (!changeFutWritten) {
         changeFutWritten = true;
         SettingToStrGlobalChangeFutClientCodes(text);
         for (const auto& [other, keys] : sections)
-          if (StartsWithUp(StrUpper(other), kChangeFutClientCodesUp)) written.insert(&other);
+          if (StringStartsCaseSens(StrUpper(other), kChangeFutClientCodesUp)) written.insert(&other);
       }
       continue;
     }
     // Written by the later steps.
     if (StringStartsCaseSens(name, "CommissionSettingsCurrency") ||
-        name.find("VolumeBasedCommission_") != std::string::npos || StartsWithUp(nameUp, "LIMITALLOWEDSECURITY") ||
-        StartsWithUp(nameUp, "ASSETSECURITIES") || StartsWithUp(nameUp, "RESTSHORTSECURITIES") ||
-        StartsWithUp(nameUp, "CURRENCY"))
+        name.find("VolumeBasedCommission_") != std::string::npos || StringStartsCaseSens(nameUp, "LIMITALLOWEDSECURITY") ||
+        StringStartsCaseSens(nameUp, "ASSETSECURITIES") || StringStartsCaseSens(nameUp, "RESTSHORTSECURITIES") ||
+        StringStartsCaseSens(nameUp, "CURRENCY"))
       continue;
     auto kind = kinds.find(name);
     if (kind == kinds.end()) continue;  // copied raw at the end

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/DLCodeLength.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/CodeLengths.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
 
 namespace DL {
@@ -28,14 +28,7 @@ constexpr char kPairDelimiter = ':';
 
 std::string SectName(EIniSectCodeNum code) { return std::string(IniSectName(code)); }
 
-bool StartsWithUp(const std::string& textUp, const std::string& prefixUp) {
-  return textUp.size() >= prefixUp.size() && textUp.compare(0, prefixUp.size(), prefixUp) == 0;
-}
 
-bool EndsWithUp(const std::string& textUp, const std::string& suffixUp) {
-  return textUp.size() >= suffixUp.size() &&
-         textUp.compare(textUp.size() - suffixUp.size(), suffixUp.size(), suffixUp) == 0;
-}
 
 // A code is usable when it is not empty and not longer than its kind allows.
 bool IsCode(std::string_view code, EClassSettingType kind) {
@@ -102,7 +95,7 @@ void ParseSecuritiesByClassSection(const TIniKeyMap* keys, TSecuritiesByClass& o
       out.all = std::move(list);
       continue;
     }
-    if (fits && StartsWithUp(keyUp, prefixUp)) {
+    if (fits && StringStartsCaseSens(keyUp, prefixUp)) {
       const std::string classCode = TrimStr(TrimStr(key).substr(prefixUp.size()));
       if (IsCode(classCode, cstClass)) {
         out.byClass[classCode] = std::move(list);
@@ -222,39 +215,7 @@ void TStorageHub::ParseOldFormSectionLists() {
     }
 }
 
-// ---- Step 16: the user's securities and flood control; multi-currency ----
-
-void TStorageHub::ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::string& suffixUp, TKeyToList& out) {
-  out.clear();
-  for (const auto& [key, value] : keys) {
-    const std::string name = TrimStr(key);
-    if (!EndsWithUp(StrUpper(name), suffixUp)) continue;
-    const std::string classCode = name.substr(0, name.size() - suffixUp.size());
-    if (!IsCode(classCode, cstClass)) continue;
-    out[classCode].Assign(value, TClassList::NoRepeats);
-  }
-}
-
-void TStorageHub::ParseSecurities(const TIniKeyMap& keys, TKeyToList& out) {
-  ParseSecuritiesBySuffix(keys, TIniParser::GetIniParamCodeUp(TIniParser::ipc_SECURITY), out);
-}
-
-void TStorageHub::ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out) {
-  ParseSecuritiesBySuffix(keys, TIniParser::GetIniParamCodeUp(TIniParser::ipc_RESTSECURITY), out);
-}
-
-void TStorageHub::ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, TUserIdSettings& out) {
-  out.floodControlByInstrument.clear();
-  const std::string& prefixUp = TIniParser::GetIniParamCodeUp(TIniParser::ipcFloodControlByInstrument_);
-  for (const auto& [key, value] : keys) {
-    const std::string name = TrimStr(key);
-    if (!StartsWithUp(StrUpper(name), prefixUp)) continue;
-    const std::string code = name.substr(prefixUp.size());
-    if (IsCode(code, cstSecurity)) out.floodControlByInstrument[code] = value;
-  }
-  ParseRestSecurities(keys, out.restSecurities);
-  ParseSecurities(keys, out.securities);
-}
+// ---- Step 16: multi-currency ----
 
 void TStorageHub::FillSupportMultiCurrency() {
   m_multiCurrencySupported = m_general.GetSupportMultiCurrency() != 0;

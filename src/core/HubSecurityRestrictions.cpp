@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "cache/TCacheOfSecurityRestrictions.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
 
 namespace DL {

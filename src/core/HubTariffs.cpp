@@ -12,7 +12,7 @@
 #include "commission/TNormalTariff.h"
 #include "commission/TTPlusBondsTariff.h"
 #include "commission/TVolumeScaledBondsTariff.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TStorageHub.h"
 
 namespace DL {

@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/TClassList.h"
+#include "base/TextHelpers.h"
+#include "base/TClassList.h"
 
 namespace DL {
 

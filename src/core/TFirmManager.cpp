@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/TInfoStorage.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "support/LogWriter.h"
 
 namespace DL {

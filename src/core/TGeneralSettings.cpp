@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <type_traits>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLTypes.h"
-#include "core/ZDLErrors.h"
+#include "base/TextHelpers.h"
+#include "base/TradingTypes.h"
+#include "base/ResultCodes.h"
 #include "ini/TIniParser.h"
 
 namespace DL {

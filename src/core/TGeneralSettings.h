@@ -17,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/TClassList.h"
+#include "base/TClassList.h"
 #include "ini/IniSectCodes.h"
 #include "ini/SettingsText.h"
 

@@ -1,7 +1,7 @@
 #include "core/TInfoStorage.h"
 
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "settings/DeallerStorage.h"
 
 namespace DL {
@@ -105,8 +105,9 @@ DLTypes::TSetsByName TInfoStorage::GetEffectiveSetOfInstrumentsByClient(const ch
   return m_impl->typed->GetEffectiveSetOfInstruments(client ? client : "", leverage);
 }
 
-int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }
-
-int TInfoStorage::SetUsePGOToGlobal(int value) { return m_impl->hub->SetUsePGOToGlobal(value); }
+#define ZDL_OPERATION(name, qualifier, params, args) \
+  int TInfoStorage::name params qualifier { return m_impl->hub->name args; }
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
 
 }  // namespace DL

@@ -12,7 +12,7 @@
 
 #include "commission/TRepoCommRates.h"
 #include "commission/TypeAndRate.h"
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 #include "core/TGeneralSettings.h"
 #include "settings/TypedSections.h"
 
@@ -54,9 +54,11 @@ class TInfoStorage {
   // or unknown *p, 0 with *p nulled on success.
   [[nodiscard]] int FreeMemory(void** p);
 
-  // "UsePGO" of section "General", read and written in the section map.
-  [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
-  [[nodiscard]] int SetUsePGOToGlobal(int value);
+  // The settings operations of the remote commands, one per line of
+  // SettingsOperations.def; each forwards to the hub's member of its name.
+#define ZDL_OPERATION(name, qualifier, params, args) [[nodiscard]] int name params qualifier;
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
 
   // ---- General parameters for a host engine, as read at load ----
   // One Get per row of GeneralParams.def, forwarding to the hub.

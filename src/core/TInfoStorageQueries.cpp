@@ -7,10 +7,10 @@
 #include "cache/TCacheOfRestrictions.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
 #include "cache/TEffectiveMarginStorage.h"
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/TInfoStorage.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace DL {
 

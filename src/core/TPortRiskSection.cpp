@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/TClassList.h"
+#include "base/TextHelpers.h"
+#include "base/TClassList.h"
 
 namespace DL {
 

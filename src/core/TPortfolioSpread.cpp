@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

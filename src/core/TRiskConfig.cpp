@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/Numbers.h"
 #include "ini/SettingsText.h"
 
 namespace DL {

@@ -1,6 +1,6 @@
 #include "core/TSpreadLine.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/TClassList.h"
+#include "base/TClassList.h"
 
 namespace DL {
 

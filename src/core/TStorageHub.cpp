@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLUtils.h"
-#include "core/ZDLErrors.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/KeyParsers.h"
+#include "base/ResultCodes.h"
+#include "base/Numbers.h"
 #include "settings/SettingsNormalizer.h"
 
 namespace DL {
@@ -170,13 +170,13 @@ TStorageHub::TStorageHub(const char* ini_source_name, int ini_source_type) {
   // 13. General parameters and their derived fields.
   m_general.ParseGeneralParams(*m_parser);
   // 14. Portfolio risk.
-  ParsePortfolioRiskConfigs();
+  m_portfolioRisk.ParseRiskConfigs(*m_parser);
   // 15. Section lists of the old form.
   ParseOldFormSectionLists();
   // 16.
-  FillBaseAssets();
+  m_portfolioRisk.ParseBaseAssets(*m_parser);
   FillBoardTariffs();
-  ParseUserIdSettings();
+  m_userSettings.Parse(*m_parser);
   FillSupportMultiCurrency();
   // 17. Plain lists of other sections.
   m_general.ParseMarketToLimitOrderPricePercent(*m_parser);
@@ -252,42 +252,6 @@ void TStorageHub::BuildSettingCaches() {
   BuildRestrictionsCache();
 }
 
-void TStorageHub::ParseUserIdSettings() {
-  m_userIdSettings.clear();
-  const std::string& prefixUp = TIniParser::GetPartIniSectCodeUp(TIniParser::pscU);
-  // Only the sections whose name begins with the user prefix are visited.
-  ForEachWithPrefixNoCase(m_parser->GetSections(), prefixUp, [&](const auto& section) {
-    const std::string& name = section.first;
-    const TIniKeyMap& keys = section.second;
-    const std::string nameUp = StrUpper(name);
-    if (nameUp.size() <= prefixUp.size()) return;
-    // The rest must be a whole decimal number, a sign allowed.
-    const char* digits = nameUp.c_str() + prefixUp.size();
-    char* end = nullptr;
-    const long number = std::strtol(digits, &end, 10);
-    if (end == digits || *end != '\0' || (*digits != '-' && (*digits < '0' || *digits > '9'))) return;
-    TUserIdSettings& user = m_userIdSettings[static_cast<int>(number)];
-    user.userId = static_cast<int>(number);
-    user.commission = m_parser->GetIniParamDouble(keys, "COMMISSION", 0.0);
-    user.oblCommission = m_parser->GetIniParamDouble(keys, "OBLCOMMISSION", 0.0);
-    user.tradeCommission = m_parser->GetIniParamDouble(keys, TIniParser::ipcTradeCommission, 0.0);
-    user.tradeOblCommission = m_parser->GetIniParamDouble(keys, TIniParser::ipcTradeOblCommission, 0.0);
-    user.ignoreNegDealCheck = m_parser->GetIniParamBool(keys, "IGNORENEGDEALCHECK", false);
-    const std::string& orderMaxValue =
-        m_parser->GetIniParamString(keys, TIniParser::ipcOrderMaxValue, TIniParser::EmptyString());
-    if (!orderMaxValue.empty()) TIniLogicParser::ParseOrderMaxValueItem(user.orderMaxValue, orderMaxValue);
-    user.allowedTrdAcc.Assign(
-        m_parser->GetIniParamString(keys, TIniParser::ipcAllowedTrdAcc, TIniParser::EmptyString()),
-        TClassList::NoRepeats);
-    user.prohibedTrdAcc.Assign(
-        m_parser->GetIniParamString(keys, TIniParser::ipcProhibedTrdAcc, TIniParser::EmptyString()),
-        TClassList::NoRepeats);
-    user.classesWithoutOrderCheck.Assign(
-        m_parser->GetIniParamString(keys, TIniParser::ipcClassesWithoutOrderCheck, TIniParser::EmptyString()),
-        TClassList::NoRepeats);
-    ParseUserIdSecuritiesAndFloodControl(keys, user);
-  });
-}
 // A store filled by InitLite is saved from its section's place in the map:
 // the section is entered there when the loaded text had none, so that the
 // next save writes what InitLite brought.
@@ -697,12 +661,12 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   // 1, 2. Clients and client templates.
   AppendClientAndTemplateRows(text, written);
   // 3, 4. Volume-based commission of clients and of templates.
-  AppendVolumeBasedCommissionRows(text, written, 3);
-  AppendVolumeBasedCommissionRows(text, written, 4);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 3);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 4);
   // 5. The global sections, by kind.
   AppendGlobalSectionRows(text, written);
   // 6. Volume-based commission, global.
-  AppendVolumeBasedCommissionRows(text, written, 6);
+  m_volumeCommission.AppendRows(*m_parser, text, written, 6);
   // 7. "CommissionSettingsCurrency".
   AppendCommissionSettingsCurrencyRows(text, written);
   // 8, 9, 10. "LimitAllowedSecurity", "AssetSecurities", "RestShortSecurities".
@@ -715,7 +679,7 @@ int TStorageHub::SaveSettingsToMemory(char** out) {
   AppendMarginSettingsRows(text, written);
   // 17. Restriction templates.
   AppendRestrictionTemplateRows(text, written);
-  AppendPortfolioRiskRows(text, written);
+  m_portfolioRisk.AppendRows(*m_parser, text, written);
   // Every section no step wrote (no parsed home, or not parsed) is copied as
   // it stands, so that nothing is lost.
   for (auto it = sections.begin(); it != sections.end(); ++it) {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "api/TMemory.h"
+#include "base/TMemory.h"
 #include "core/HubGlobalSectionTypes.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
 #include "core/HubSectionLists.h"
@@ -26,13 +26,17 @@
 #include "commission/TVolumeBasedCommission.h"
 #include "commission/TypeAndRate.h"
 #include "cache/TCacheOfRestrictions.h"
-#include "core/TClassList.h"
+#include "base/TClassList.h"
+#include "cache/IFirmSettings.h"
 #include "core/TFirmCurrencyIdentity.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"
+#include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
 #include "core/TUniversalParser.h"
+#include "core/TUserSettings.h"
+#include "core/TVolumeCommissionSettings.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"
 #include "ini/TMaxOrderValue.h"
@@ -66,7 +70,6 @@ struct TSettingToStrSource {
 
 // The sections a save has written, by the address of their name in the
 // section map; whatever is left is copied raw at the end.
-using TWrittenSections = std::set<const std::string*>;
 
 using TSettingToStrFunc = void (TStorageHub::*)(std::string& out, const TSettingToStrSource& src) const;
 using TGlobalParseFunc = void (TStorageHub::*)(const TIniKeyMap& keys);
@@ -102,25 +105,7 @@ struct TInstrumentGroup {
   std::set<std::string> instrumentCodes;
 };
 
-// A user's own settings, from the section "u" + user number.
-struct TUserIdSettings {
-  int userId = 0;
-  double commission = 0.0;          // "COMMISSION"
-  double oblCommission = 0.0;       // "OBLCOMMISSION"
-  double tradeCommission = 0.0;     // "TradeCommission"
-  double tradeOblCommission = 0.0;  // "TradeOblCommission"
-  bool ignoreNegDealCheck = false;  // "IGNORENEGDEALCHECK"
-  TMaxOrderValue orderMaxValue;     // "OrderMaxValue"
-  TClassList allowedTrdAcc;         // "AllowedTrdAcc"
-  TClassList prohibedTrdAcc;        // "ProhibedTrdAcc"
-  TClassList classesWithoutOrderCheck;
-  TKeyToList securities;      // "<class>_SECURITY": the allowed securities of the class
-  TKeyToList restSecurities;  // "<class>_RESTSECURITY": the restricted securities of the class
-  // "FloodControlByInstrument_<code>": the code -> the value as written.
-  std::map<std::string, std::string, StringMapComparerFunc> floodControlByInstrument;
-};
-
-class TStorageHub {
+class TStorageHub : public IFirmSettings {
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
   // file that cannot be opened, or any other type, gives a firm with no
@@ -168,6 +153,12 @@ class TStorageHub {
   // numbers, class lists, credit types, repo terms).
   const DL::TGeneralSettings& General() const { return m_general; }
 
+  // What the engines below may ask about the firm (IFirmSettings).
+  const std::string& MainCurrency() const override { return m_general.GetMainCurrency(); }
+  bool IsRublesEquivalent(const std::string& currency) const override {
+    return m_general.GetRublesEquivalents().count(currency) != 0;
+  }
+
   // ---- Global sections parsed by the hub ----
   const TProhibitOrders& GetProhibitOrders() const { return m_prohibitOrders; }
   const TClassList& GetGlobalProhibedTrdAcc() const { return m_globalProhibedTrdAcc; }
@@ -214,7 +205,8 @@ class TStorageHub {
   [[nodiscard]] int InitLite(const char* text);
 
   // User settings by user number (sections "u" + number).
-  const std::map<int, TUserIdSettings>& GetUserIdSettings() const { return m_userIdSettings; }
+  // The users' own settings (component).
+  const TUserSettings& UserSettings() const { return m_userSettings; }
 
   // Client template names found in step 10.
   const std::vector<TClientTemplateNames>& GetClientTemplateNames() const { return m_clientTemplateNames; }
@@ -275,14 +267,10 @@ class TStorageHub {
   void BuildSecurityRestrictionsCache();      // step 11
   void BuildRestrictionsCache();              // step 11
   void ParseCurrencyReplacement();      // step 9
-  void ParsePortfolioRiskConfigs();     // step 14
   void ParseOldFormSectionLists();      // step 15
-  void FillBaseAssets();                // step 16
   void FillBoardTariffs();              // step 16
-  void ParseUserIdSettings();           // step 16
   // The parts of a user's section whose stores are not built yet: the
   // flood control by instrument and the restricted and allowed securities.
-  void ParseUserIdSecuritiesAndFloodControl(const TIniKeyMap& keys, TUserIdSettings& out);
   void ParseTagSections();              // step 18
   void ParseTariffPlans();              // step 19
   void ParseLateSectionsBeforeClientCVal();  // step 20, up to ParseClientCVal
@@ -293,8 +281,6 @@ class TStorageHub {
   // its component.
   void AppendClientAndTemplateRows(std::string& text, TWrittenSections& written) const;      // 1, 2
   void AppendGlobalSectionRows(std::string& text, TWrittenSections& written) const;          // 5
-  void AppendVolumeBasedCommissionRows(std::string& text, TWrittenSections& written,
-                                       int step) const;                                      // 3, 4, 6
   void AppendCommissionSettingsCurrencyRows(std::string& text, TWrittenSections& written) const;  // 7
   void AppendOldFormListRows(std::string& text, TWrittenSections& written) const;            // 8, 9, 10
   void AppendTariffPlanRows(std::string& text, TWrittenSections& written) const;             // 11
@@ -363,7 +349,7 @@ class TStorageHub {
   TInstrumentGroups m_groupsOfInstrumentsAndClasses;
   int m_clientCvalSign = 1;
   std::set<std::string> m_clientCvalClients;
-  std::map<int, TUserIdSettings> m_userIdSettings;
+  TUserSettings m_userSettings;
 
   // ---- Client margin restrictions cache ----
  public:
@@ -583,12 +569,6 @@ class TStorageHub {
   // whether the section is in the text. Lines with an empty key or a code
   // longer than 12 characters are kept as raw lines.
   static void ParseTagToStrListSection(const TIniKeyMap* keys, TTagToStrListStorage& out, bool* present);
-  // The keys of a user section that end in "_SECURITY" (allowed) or
-  // "_RESTSECURITY" (restricted): the class before the ending -> the
-  // securities. A key with no class or a class longer than 12 characters is
-  // left out. The catalogue must be filled (any TIniParser::Init does it).
-  static void ParseSecurities(const TIniKeyMap& keys, TKeyToList& out);
-  static void ParseRestSecurities(const TIniKeyMap& keys, TKeyToList& out);
 
   // Rendering of the sections written by the save steps 8, 9, 10 and 12,
   // from the stores; the section name is src.section.
@@ -602,7 +582,6 @@ class TStorageHub {
   void ParsePlainListSections();        // step 17
   void FillTagsFromTagToTagsSettings();  // step 18
   void ParseSpecialTradingAccounts();   // step 20, last
-  static void ParseSecuritiesBySuffix(const TIniKeyMap& keys, const std::string& suffixUp, TKeyToList& out);
   static void SecuritiesByClassToStr(std::string& out, const std::string& section, const TSecuritiesByClass& store);
 
   TCurrencyReplacements m_currencyReplacements;
@@ -655,52 +634,20 @@ class TStorageHub {
 
  private:
   TBoardTariffs m_boardTariffs;
-  // ---- Portfolio risk ----
+  // ---- Portfolio risk (component) ----
  public:
-  // The configuration for a trade account and a base asset (null codes
-  // count as empty). An empty base asset gives the firm-level default; else
-  // the account's configurations are searched for the asset (its code or
-  // "AddBaseAssets"), then the firm's, and without a match the firm-level
-  // default is the answer. Nothing without the section
-  // "PortfolioRiskConfig".
-  std::optional<TPortRiskConfig> PortfolioRiskConfig(const char* tradeAccount, const char* baseAsset) const;
-  // Whether the firm has the section "PortfolioRiskConfig".
-  bool HasPortfolioRiskConfigs() const { return m_hasPortfolioRisk; }
-  const TPortRiskConfig& GetDefaultPortfolioRiskConfig() const { return m_defaultRiskConfig; }
-  // The firm-level configuration of each base asset with a section, in the
-  // order of the section names.
-  const std::vector<TPortRiskConfig>& GetBaseAssetRiskConfigs() const { return m_assetRiskConfigs; }
-  // By trade account, the configurations of the template that binds it.
-  const TTradeAccountRiskConfigMap& GetTradeAccountRiskConfigs() const { return m_tradeAccountRiskConfigs; }
-  // "PortfolioSpreadOrder", by ascending priority.
-  const std::vector<TPortfolioSpread>& GetPortfolioSpreadOrder() const { return m_portfolioSpreadOrder; }
-  // "LimitKinds" of "General", as read with the configurations.
-  const std::vector<int>& GetPortfolioLimitKinds() const { return m_portfolioLimitKinds; }
-  // The sections of the family as read, by name.
-  using TPortRiskSections = std::map<std::string, TPortRiskSection, StringMapComparerFunc>;
-  const TPortRiskSections& GetPortfolioRiskSections() const { return m_portRiskSections; }
-  // "BaseAssets" and "BaseAssets_Template_" sections as read, by name.
-  using TBaseAssetsSections = std::map<std::string, TBaseAssetsSection, StringMapComparerFunc>;
-  const TBaseAssetsSections& GetBaseAssetsSections() const { return m_baseAssetsSections; }
+  // Portfolio risk configurations, spread order and base assets sections.
+  const TPortfolioRiskSettings& PortfolioRisk() const { return m_portfolioRisk; }
+  // The configuration for a trade account and a base asset (see
+  // TPortfolioRiskSettings::Config).
+  std::optional<TPortRiskConfig> PortfolioRiskConfig(const char* tradeAccount, const char* baseAsset) const {
+    return m_portfolioRisk.Config(tradeAccount, baseAsset);
+  }
   // "DerivativesBaseAssets": base asset -> comma list.
   const TCodeToList& GetDerivativesBaseAssets() const { return m_derivativesBaseAssets; }
 
  private:
-  // Save: the sections of the family and the base assets sections, each from
-  // its parsed form while the section map holds it as it was read; an edited
-  // section is left to the raw copy, so that the edit is what is saved.
-  void AppendPortfolioRiskRows(std::string& text, TWrittenSections& written) const;
-
-  bool m_hasPortfolioRisk = false;
-  TPortRiskConfig m_defaultRiskConfig;
-  std::vector<TPortRiskConfig> m_assetRiskConfigs;
-  TTradeAccountRiskConfigMap m_tradeAccountRiskConfigs;
-  std::vector<TPortfolioSpread> m_portfolioSpreadOrder;
-  std::optional<TIniKeyMap> m_spreadOrderKeysAtLoad;  // "PortfolioSpreadOrder" as read, when parsed
-  std::vector<std::pair<std::string, std::string>> m_spreadOrderOthers;  // its lines of another shape
-  std::vector<int> m_portfolioLimitKinds;
-  TPortRiskSections m_portRiskSections;
-  TBaseAssetsSections m_baseAssetsSections;
+  TPortfolioRiskSettings m_portfolioRisk;
   TCodeToList m_derivativesBaseAssets;
   // ---- Commission settings, scales and tariff plans ----
  public:
@@ -755,27 +702,10 @@ class TStorageHub {
   void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
                                bool globalFromObject) const;
   std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
-  // ---- Volume-based commission ----
+  // ---- Volume-based commission (component) ----
  public:
-  // One volume-based commission section as read: its name as written, the
-  // table it holds, and the lines the table does not read, written back as
-  // they stand. Names: "VolumeBasedCommission_<any>" for the firm,
-  // "cl<client>_VolumeBasedCommission_<any>" for a client and
-  // "cl<template>_Client_Template_VolumeBasedCommission_<any>" for a client
-  // template (names compared without regard to case).
-  struct TVolumeBasedCommissionSection {
-    std::string section;
-    TVolumeBasedCommission commission;
-    TRawLines raw;
-    bool operator==(const TVolumeBasedCommissionSection&) const = default;
-  };
-  using TVolumeBasedCommissionSections = std::vector<TVolumeBasedCommissionSection>;  // in section name order
-  using TVolumeBasedCommissionByOwner = std::map<std::string, TVolumeBasedCommissionSections, StringMapComparerFunc>;
-  const TVolumeBasedCommissionSections& GetGlobalVolumeBasedCommission() const { return m_globalVolumeComm; }
-  // By template name.
-  const TVolumeBasedCommissionByOwner& GetTemplateVolumeBasedCommission() const { return m_templateVolumeComm; }
-  // By client code.
-  const TVolumeBasedCommissionByOwner& GetClientVolumeBasedCommission() const { return m_clientVolumeComm; }
+  // The volume-based commission sections of the firm, its templates and clients.
+  const TVolumeCommissionSettings& VolumeCommission() const { return m_volumeCommission; }
   // The table that holds for the client and class: the client's own
   // sections, then those of the client's template, then the firm's; in each,
   // the first section naming the class, else the first standing for all
@@ -794,16 +724,9 @@ class TStorageHub {
                                        TRepoCommRates* out) const;
   bool GetRepoScaleByClassesSettings(const char* client, double leverage, const char* classCode, short term,
                                      TRepoCommRates* out) const;
-  // One section of a client, template or of the firm, from its store.
-  void SettingToStrClientVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
-  void SettingToStrTemplateVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
-  void SettingToStrGlobalVolumeBasedCommission(std::string& out, const TVolumeBasedCommissionSection& s) const;
 
  private:
-  void ParseVolumeBasedCommission();  // step 20, after ParseCommissionSettingsCurrency
-  TVolumeBasedCommissionSections m_globalVolumeComm;
-  TVolumeBasedCommissionByOwner m_templateVolumeComm;
-  TVolumeBasedCommissionByOwner m_clientVolumeComm;
+  TVolumeCommissionSettings m_volumeCommission;
   // ---- Currency-market commission ----
  public:
   // The firm's tariff of the currency market, built on the first call over

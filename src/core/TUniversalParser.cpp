@@ -1,6 +1,6 @@
 #include "core/TUniversalParser.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL {
 
@@ -194,6 +194,11 @@ int TUniversalParser::IsEqualToGlobalValueIntParamFromGlobalSection(bool& out, i
   if (row == nullptr) return ZDL_BAD_ARGUMENT;
   out = m_sections[sect].intValues[row->index] == value;
   return ZDL_OK;
+}
+
+bool TUniversalParser::ReadGeneralInt(const char* key, int& out) const {
+  const int num = GetParamNumInSect(iscGeneral, key);
+  return num >= 0 && GetIntParamFromGlobalSection(out, iscGeneral, num) == ZDL_OK;
 }
 
 int TUniversalParser::GetParamNumInSect(int sect, const std::string& name) const {

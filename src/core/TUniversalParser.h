@@ -13,8 +13,9 @@
 #include <utility>
 #include <vector>
 
-#include "core/DLCodeLength.h"
-#include "core/ZDLErrors.h"
+#include "base/CodeLengths.h"
+#include "base/ResultCodes.h"
+#include "cache/IGeneralParamReader.h"
 #include "ini/IniSectCodes.h"
 #include "ini/TIniParser.h"
 
@@ -24,7 +25,7 @@ namespace DL {
 // (the checks of DLCodeLength.h).
 using TIntParamValidator = int (*)(int);
 
-class TUniversalParser {
+class TUniversalParser : public IGeneralParamReader {
  public:
   // The value type of a parameter row.
   enum EParamType : int { ParamBool = 0, ParamInt = 1, ParamChar = 2, ParamNone = -1 };
@@ -73,6 +74,9 @@ class TUniversalParser {
   // The number of a parameter in a section, its name compared ignoring
   // case; -1 when the section or the name has no row.
   int GetParamNumInSect(int sect, const std::string& name) const;
+
+  // A typed integer of "General" by name (IGeneralParamReader).
+  bool ReadGeneralInt(const char* key, int& out) const override;
 
   // The section's lines "name=value\n" without the header: its raw
   // parameters in map order, where a typed parameter carries its present

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "ini/SettingsText.h"
 
 namespace DL {

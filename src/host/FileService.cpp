@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <vector>
 
+#include "api/CLibraryHolds.h"
 #include "api/ZDeallibAPI.h"
 #include "host/TextResources.h"
-#include "host/ZENT_DL.h"
+#include "host/ModuleIdentity.h"
 #include "support/HostEvent.h"
 #include "support/HostModule.h"
 #include "support/LinuxUtils.h"
@@ -60,15 +61,6 @@ void WriteRefusal(CAlert& message, const char* verb, tagDL_work* work, int user)
           << LoadResourseString(IDS_NO_PERMISSION, UserLanguage(work, user));
 }
 
-// Reads a whole file; false when it cannot be opened or read.
-bool ReadWholeFile(const std::string& path, std::string* text) {
-  Library::WinFile::CFile file(path, GENERIC_READ, OPEN_EXISTING, false);
-  const std::int64_t size = file.Size();
-  if (!file.IsValid() || size < 0) return false;
-  text->assign(static_cast<size_t>(size), '\0');
-  return file.Read(text->data(), static_cast<unsigned>(text->size())) != 0;
-}
-
 // True when the process may open the existing file for writing.
 bool IsWritable(const std::string& path) {
   Library::WinFile::CFile file(path, GENERIC_WRITE, OPEN_EXISTING, false);
@@ -92,19 +84,6 @@ int NormaliseLibraryText(const std::string& firm, std::string* text) {
   if (n != 0) Library::Host::Event(0, "Failed to ordered DlLib in memory[%d]", n);
   (void)ZDL_FinishWorkWithFirm(firm.c_str());
   return n;
-}
-
-// Writes the text next to the library and moves it over the library; the
-// guard, held open since the start, is closed first. False on any failure;
-// a failed move leaves the temporary file behind.
-bool ReplaceLibrary(const std::string& path, const std::string& text, Library::WinFile::CFile& guard) {
-  const std::string temporary = path + ".temp";
-  Library::WinFile::CFile out(temporary, GENERIC_WRITE, CREATE_ALWAYS, false);
-  if (!out.IsValid()) return false;
-  if (!out.Write(text.data(), static_cast<unsigned>(text.size()))) return false;
-  guard.Close();
-  out.Close();
-  return MoveFileEx(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 }  // namespace
@@ -184,7 +163,7 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
   if (!IsWritable(path)) readOnly = 1;
 
   std::string text;
-  if (!ReadWholeFile(path, &text)) {
+  if (!CLibraryHolds::Read(path, &text)) {
     message << std::string("GetDLFile") << std::string() << kReadFailureCode
             << LoadResourseString(IDS_CANNOT_OPEN_LIBRARY, UserLanguage(work, user)) + " " + request.firm;
     return 0;
@@ -198,9 +177,8 @@ int GetDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int po
     readOnly = 1;
   } else {
     Library::Thread::Lock lock(g_Locker);
-    state.user = user;
-    state.busy = 1;
-    AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, request.firm, text);
+    CLibraryHolds(*work).Hold(path, user);
+    CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_OPEN", userName, request.firm, text);
   }
 
   message << readOnly << request.firm << text;
@@ -222,7 +200,7 @@ int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int p
                          "Failed to save the file DL-library [%s] UserID[%d] Port[%d]: Sufficient permission to "
                          "perform this operation",
                          path.c_str(), user, port);
-    ReleaseLibrary(work, path, user, port);
+    CLibraryHolds(*work).Release(path, user, port);
     WriteRefusal(message, "SaveDLFile", work, user);
     return 0;
   }
@@ -246,11 +224,11 @@ int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int p
     bool stored = false;
     if (NormaliseLibraryText(request.firm, &text) != 0) {
       cancel = 1;
-    } else if (!ReplaceLibrary(path, text, guard)) {
+    } else if (CLibraryHolds::Replace(path, text, &guard) != CLibraryHolds::EReplace::Done) {
       cancel = 1;
     } else {
       stored = true;
-      AuditLibraryEvent(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, request.firm, text);
+      CLibraryHolds::Audit(port, user, "SRV_USER_BO_DEALLIB_CHANGE", userName, request.firm, text);
     }
     if (!stored)
       Library::Host::Event(0, "Failed to save the new file DL-library [%s][%d][%d][%d]", path.c_str(), user,
@@ -263,6 +241,6 @@ int SaveDLFile(CAlert& message, int user, unsigned kind, tagDL_work* work, int p
                        "User[%d], call out SaveDLFile for port[%d], library name[%s]cancel[%d]size[%d]user[%d]busy[%d].",
                        user, port, request.firm.c_str(), cancel, static_cast<int>(text.size()), state.user, state.busy);
   // Ends the hold whoever had it, also after a refusal of another user's save.
-  ReleaseLibrary(work, path, user, port);
+  CLibraryHolds(*work).Release(path, user, port);
   return 1;
 }

@@ -15,7 +15,6 @@
 #include "support/LinuxUtils.h"
 
 std::map<int, tagDL_work> g_mapDL_work;
-std::string g_strVersion;
 
 namespace {
 
@@ -152,11 +151,4 @@ ZDL_EXPORT int Execute(const std::string& command, CAlert& message, int user, in
     return result == 0 ? 1 : 0;
   }
   return 0;
-}
-
-void ReleaseLibrary(tagDL_work* work, const std::string& file, int user, int port) {
-  if (work == nullptr || file.empty()) return;
-  Library::Thread::Lock lock(g_Locker);
-  work->mapFileState[file] = tagDL_fileState{};
-  NotifyDLUserConnected(user, port, -1);
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "api/DLWork.h"
+#include "host/ModuleIdentity.h"
 #include "support/Alert.h"
 
 #define ZDL_EXPORT extern "C" __attribute__((visibility("default")))
@@ -43,14 +44,5 @@ ZDL_EXPORT std::string GetDLInUse(int user, int port);
 ZDL_EXPORT int Execute(const std::string& command, CAlert& message, int user, int port,
                        const std::string& userName);
 
-// The name the module reports to the server.
-inline constexpr const char* kModuleName = "ZENT_DL";
-
 // The registry, by port. Records are never erased, so pointers stay valid.
 extern std::map<int, tagDL_work> g_mapDL_work;
-// The server executable's version in three numbers, set by ModuleInit.
-extern std::string g_strVersion;
-
-// Ends the hold on `file`, whoever had it, and tells the server that the
-// user's file call is over. Does nothing for a null work record or empty file.
-void ReleaseLibrary(tagDL_work* work, const std::string& file, int user, int port);

@@ -1,6 +1,6 @@
 #include "ini/CodeTable.h"
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "support/Errors.h"
 
 namespace DL {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/Numbers.h"
 
 namespace DL {
 namespace {

@@ -6,11 +6,11 @@
 #include <fstream>
 #include <set>
 
-#include "core/DLTypes.h"
-#include "core/misc.h"
+#include "base/TradingTypes.h"
+#include "base/Numbers.h"
 #include "ini/CodeTable.h"
-#include "core/DLFunctionHelpers.h"
-#include "core/ZDLErrors.h"
+#include "base/TextHelpers.h"
+#include "base/ResultCodes.h"
 
 namespace DL {
 namespace {
@@ -21,8 +21,6 @@ std::vector<std::string> SplitList(std::string_view text) { return BoardListToVe
 const std::string& Part(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCode(code); }
 const std::string& PartUp(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCodeUp(code); }
 
-bool StartsWith(std::string_view s, std::string_view p) { return s.starts_with(p); }
-bool EndsWith(std::string_view s, std::string_view p) { return s.ends_with(p); }
 
 // Upper-cases the ASCII letters, as toupper does under the "C" locale.
 void UpperInPlace(std::string& text) {
@@ -173,16 +171,16 @@ TIniParser::ESectType TIniParser::SectionsGroupOfUpper(const std::string& sectio
                                                        int& clientKind) {
   const std::string& cl = PartUp(pscCl);
 
-  if (StartsWith(up, GetIniSectCodeUp(iscCommissionScaleBoards))) {
+  if (StringStartsCaseSens(up, GetIniSectCodeUp(iscCommissionScaleBoards))) {
     name = section;
     return SectCommissionScale;
   }
-  if (up.find(PartUp(pscBd)) != std::string::npos && EndsWith(up, PartUp(psc_CommissionScale))) {
+  if (up.find(PartUp(pscBd)) != std::string::npos && StringFinishesCaseSens(up, PartUp(psc_CommissionScale))) {
     name = section;
     return SectCommissionScale;
   }
   const std::string& changeFut = GetIniSectCodeUp(iscChangeFutClientCodes);
-  if (StartsWith(up, changeFut)) {
+  if (StringStartsCaseSens(up, changeFut)) {
     name = GetIniSectCode(iscChangeFutClientCodes) + section.substr(changeFut.size());
     return SectGlobal;
   }
@@ -194,7 +192,7 @@ TIniParser::ESectType TIniParser::SectionsGroupOfUpper(const std::string& sectio
     name = it->second;
     return SectGlobal;
   }
-  if (!StartsWith(up, cl)) {
+  if (!StringStartsCaseSens(up, cl)) {
     name = section;
     return SectGlobal;
   }
@@ -244,11 +242,11 @@ TIniParser::ESectType TIniParser::SectionsGroupOfUpper(const std::string& sectio
       return limitKind < 0 ? SectInvalid : SectMarginClient;
     }
   }
-  if (EndsWith(up, PartUp(psc_Restriction_Template))) {
+  if (StringFinishesCaseSens(up, PartUp(psc_Restriction_Template))) {
     templ = section.substr(cl.size(), up.size() - cl.size() - PartUp(psc_Restriction_Template).size());
     return SectRestrictionTemplate;
   }
-  if (EndsWith(up, PartUp(psc_Client_Template))) {
+  if (StringFinishesCaseSens(up, PartUp(psc_Client_Template))) {
     templ = section.substr(cl.size(), up.size() - cl.size() - PartUp(psc_Client_Template).size());
     return SectClientTemplate;
   }
@@ -608,7 +606,7 @@ std::string TIniParser::DoesSectionExist(const std::string& beginning, const std
   if (ending.empty()) return DoesSectionExistUp(begUp) ? begUp : std::string();
   const std::string endUp = StrUpper(ending);
   for (const std::string& up : m_sectionNamesUp)
-    if (up.size() >= begUp.size() + endUp.size() && StartsWith(up, begUp) && EndsWith(up, endUp)) return up;
+    if (up.size() >= begUp.size() + endUp.size() && StringStartsCaseSens(up, begUp) && StringFinishesCaseSens(up, endUp)) return up;
   return {};
 }
 
@@ -616,7 +614,7 @@ std::vector<std::string> TIniParser::GetSectionNamesFromParser(const std::string
   const std::string textUp = StrUpper(text);
   std::vector<std::string> names;
   for (std::size_t i = 0; i < m_sectionNames.size() && i < m_sectionNamesUpOrdered.size(); ++i)
-    if (StartsWith(m_sectionNamesUpOrdered[i], textUp)) names.push_back(m_sectionNames[i]);
+    if (StringStartsCaseSens(m_sectionNamesUpOrdered[i], textUp)) names.push_back(m_sectionNames[i]);
   return names;
 }
 
@@ -710,7 +708,7 @@ int TIniParser::SetTemplateParamToAllLimitKinds(int type, const std::string& tem
   SetIniParam(it, key, value);
   const std::string twinUp = StrUpper(section + Part(psc_LimitKind_));
   for (auto twin = m_sections.begin(); twin != m_sections.end(); ++twin)
-    if (StartsWith(StrUpper(twin->first), twinUp)) SetIniParam(twin, key, value);
+    if (StringStartsCaseSens(StrUpper(twin->first), twinUp)) SetIniParam(twin, key, value);
   return ZDL_OK;
 }
 

@@ -2,7 +2,7 @@
 // parameters per section group, and the fillers that check them.
 #include <span>
 
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "ini/CodeTable.h"
 #include "ini/TIniParser.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace DL::MDPLUS {
 

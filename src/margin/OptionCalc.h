@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/DLTypes.h"  // TDiscountsEx
+#include "base/TradingTypes.h"  // TDiscountsEx
 
 namespace DL::MDPLUS {
 

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "core/DLTypes.h"  // TDiscountsEx, ESide, NM_Discs
+#include "base/TradingTypes.h"  // TDiscountsEx, ESide, NM_Discs
 #include "margin/MarginSettings.h"
 #include "margin/OptionCalc.h"
 #include "margin/ZDepoCount.h"

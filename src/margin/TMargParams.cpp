@@ -1,7 +1,7 @@
 #include "margin/TMargParams.h"
 
-#include "core/DLFunctionHelpers.h"
-#include "core/DLTypes.h"
+#include "base/TextHelpers.h"
+#include "base/TradingTypes.h"
 #include "margin/TRisk.h"
 
 namespace DL::MDPLUS {

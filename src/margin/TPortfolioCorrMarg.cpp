@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/misc.h"
+#include "base/TextHelpers.h"
+#include "base/Numbers.h"
 #include "margin/TPortfolio.h"
 
 namespace DL::MDPLUS {

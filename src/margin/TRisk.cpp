@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DL::MDPLUS {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace {
 // 2 to the 63rd: the first magnitude a 64-bit integer cannot hold.

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 
 namespace DLTypes {
 

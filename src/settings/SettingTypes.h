@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 #include "settings/BaseTypes.h"
 
 namespace DLTypes {

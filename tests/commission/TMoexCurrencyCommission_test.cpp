@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "commission/TariffExpect.h"
-#include "core/DLDates.h"
+#include "base/Dates.h"
 
 namespace {
 

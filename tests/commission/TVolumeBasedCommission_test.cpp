@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace DL {
 namespace {

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/DLTypes.h"
+#include "base/TradingTypes.h"
 
 namespace ztest {
 

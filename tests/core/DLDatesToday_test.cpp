@@ -1,7 +1,7 @@
 // The term split from today reads today's date from the one seam.
 #include <gtest/gtest.h>
 
-#include "core/DLDates.h"
+#include "base/Dates.h"
 #include "support/TTodayDate.h"
 
 namespace {

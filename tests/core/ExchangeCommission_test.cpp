@@ -19,7 +19,7 @@
 #include "commission/TariffExpect.h"
 #include "core/TFirmManager.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "support/TTodayDate.h"
 
 namespace {

@@ -75,50 +75,50 @@ const std::vector<TParamRow>& ParamRows() {
 
 TEST(PortfolioRiskParamsTest, EveryParameterAbsentTakesItsDefault) {
   TStorageHub hub("[PortfolioRiskConfig]\nNote=1\n", 2);
-  ASSERT_TRUE(hub.HasPortfolioRiskConfigs());
-  const TRiskConfig& risk = hub.GetDefaultPortfolioRiskConfig().risk;
+  ASSERT_TRUE(hub.PortfolioRisk().HasConfigs());
+  const TRiskConfig& risk = hub.PortfolioRisk().DefaultConfig().risk;
   for (const TParamRow& row : ParamRows()) EXPECT_DOUBLE_EQ(row.field(risk), row.def) << row.name;
 }
 
 TEST(PortfolioRiskParamsTest, EveryParameterSetIsRead) {
   for (const TParamRow& row : ParamRows()) {
     TStorageHub hub((std::string("[PortfolioRiskConfig]\n") + row.name + "=" + row.text + "\n").c_str(), 2);
-    EXPECT_DOUBLE_EQ(row.field(hub.GetDefaultPortfolioRiskConfig().risk), row.set) << row.name;
+    EXPECT_DOUBLE_EQ(row.field(hub.PortfolioRisk().DefaultConfig().risk), row.set) << row.name;
   }
 }
 
 TEST(PortfolioRiskParamsTest, NamesAreMatchedWithoutRegardToCase) {
   TStorageHub hub("[PortfolioRiskConfig]\nvolatility=42\nportfoliovaluemode=2\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.volatility, 42.0);
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().risk.portfolioValueMode, 2);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.volatility, 42.0);
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().risk.portfolioValueMode, 2);
 }
 
 TEST(PortfolioRiskParamsTest, PortfolioValueModeAbsentReadsAsThree) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=2\n", 2);
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().risk.portfolioValueMode, 3);
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().risk.portfolioValueMode, 3);
   EXPECT_EQ(Query(hub, "ACC", "SI").risk.portfolioValueMode, 3);
 }
 
 TEST(PortfolioRiskParamsTest, OrderKgoDefaultsToTheValueOfKgo) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=2.5\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.orderKgo, 2.5);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.orderKgo, 2.5);
 }
 
 TEST(PortfolioRiskParamsTest, KgoOfZeroBecomesOne) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=0.00000001\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 1.0);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.orderKgo, 1.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.kgo, 1.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.orderKgo, 1.0);
 }
 
 TEST(PortfolioRiskParamsTest, OrderKgoOfZeroBecomesOne) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=3\nORDERKGO=0\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 3.0);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.orderKgo, 1.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.kgo, 3.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.orderKgo, 1.0);
 }
 
 TEST(PortfolioRiskParamsTest, MalformedNumbersReadAsZeroOrTheirLeadingDigits) {
   TStorageHub hub("[PortfolioRiskConfig]\nVOLATILITY=abc\nPRICESCANRANGETYPE=7x\nRISKFREERATE=5.5%\nKGO=abc\n", 2);
-  const TRiskConfig& risk = hub.GetDefaultPortfolioRiskConfig().risk;
+  const TRiskConfig& risk = hub.PortfolioRisk().DefaultConfig().risk;
   EXPECT_DOUBLE_EQ(risk.volatility, 0.0);
   EXPECT_EQ(risk.priceScanRangeType, 7);
   EXPECT_DOUBLE_EQ(risk.riskFreeRate, 5.5);
@@ -127,53 +127,53 @@ TEST(PortfolioRiskParamsTest, MalformedNumbersReadAsZeroOrTheirLeadingDigits) {
 
 TEST(PortfolioRiskParamsTest, AnEmptyValueKeepsTheDefault) {
   TStorageHub hub("[PortfolioRiskConfig]\nVOLATILITY=\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.volatility, 100.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.volatility, 100.0);
 }
 
 TEST(PortfolioRiskParamsTest, TheShortSpellingOfTheExpirationTermIsRead) {
   TStorageHub hub("[PortfolioRiskConfig]\nExpMatDateTerm=3\n", 2);
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.expirationMatDateTerm, 3.0);
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.expirationMatDateTerm, 3.0);
 }
 
 TEST(PortfolioRiskParamsTest, IdentityDefaultsAndValues) {
   TStorageHub empty("[PortfolioRiskConfig]\nNote=1\n", 2);
-  EXPECT_EQ(empty.GetDefaultPortfolioRiskConfig().boardTag, "EQTV");
-  EXPECT_EQ(empty.GetDefaultPortfolioRiskConfig().currency, "");
-  EXPECT_EQ(empty.GetDefaultPortfolioRiskConfig().limitKind, 0);
+  EXPECT_EQ(empty.PortfolioRisk().DefaultConfig().boardTag, "EQTV");
+  EXPECT_EQ(empty.PortfolioRisk().DefaultConfig().currency, "");
+  EXPECT_EQ(empty.PortfolioRisk().DefaultConfig().limitKind, 0);
   TStorageHub hub("[PortfolioRiskConfig]\nBoardTag=FUTS\nCurrency=SUR\nLimitKind=2\n", 2);
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().boardTag, "FUTS");
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().currency, "SUR");
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().limitKind, 2);
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().boardTag, "FUTS");
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().currency, "SUR");
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().limitKind, 2);
 }
 
 TEST(PortfolioRiskParamsTest, ABoardTagLongerThanTwelveCharactersIsNotRead) {
   TStorageHub hub("[PortfolioRiskConfig]\nBoardTag=ABCDEFGHIJKLM\nCurrency=ABCDEFGHIJKLM\n", 2);
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().boardTag, "EQTV");
-  EXPECT_EQ(hub.GetDefaultPortfolioRiskConfig().currency, "");
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().boardTag, "EQTV");
+  EXPECT_EQ(hub.PortfolioRisk().DefaultConfig().currency, "");
   EXPECT_NE(Save(hub).find("BoardTag=ABCDEFGHIJKLM\r\n"), std::string::npos);  // kept as written
   TStorageHub twelve("[PortfolioRiskConfig]\nBoardTag=ABCDEFGHIJKL\n", 2);
-  EXPECT_EQ(twelve.GetDefaultPortfolioRiskConfig().boardTag, "ABCDEFGHIJKL");
+  EXPECT_EQ(twelve.PortfolioRisk().DefaultConfig().boardTag, "ABCDEFGHIJKL");
 }
 
 TEST(PortfolioRiskParamsTest, TheLimitKindsOfTheFirmComeFromGeneral) {
   TStorageHub hub("[General]\nLimitKinds=0,1,2\n[PortfolioRiskConfig]\nKGO=1\n", 2);
-  EXPECT_EQ(hub.GetPortfolioLimitKinds(), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(hub.PortfolioRisk().LimitKinds(), (std::vector<int>{0, 1, 2}));
 }
 
 // ---- Without the firm-level section ----
 
 TEST(PortfolioRiskQueryTest, AFirmWithoutTheSectionHasNoConfiguration) {
   TStorageHub hub("[PortfolioRiskConfig_SI]\nKGO=2\n[PortfolioRiskConfig_T]\nClients=ACC\n", 2);
-  EXPECT_FALSE(hub.HasPortfolioRiskConfigs());
+  EXPECT_FALSE(hub.PortfolioRisk().HasConfigs());
   EXPECT_FALSE(hub.PortfolioRiskConfig("ACC", "SI").has_value());
   EXPECT_FALSE(hub.PortfolioRiskConfig(nullptr, nullptr).has_value());
-  EXPECT_TRUE(hub.GetBaseAssetRiskConfigs().empty());
-  EXPECT_TRUE(hub.GetTradeAccountRiskConfigs().empty());
+  EXPECT_TRUE(hub.PortfolioRisk().BaseAssetConfigs().empty());
+  EXPECT_TRUE(hub.PortfolioRisk().TradeAccountConfigs().empty());
 }
 
 TEST(PortfolioRiskQueryTest, WithoutTheFirmSectionTheSpreadOrderIsNotRead) {
   TStorageHub hub("[PortfolioSpreadOrder]\n1=SI,RTS\n", 2);
-  EXPECT_TRUE(hub.GetPortfolioSpreadOrder().empty());
+  EXPECT_TRUE(hub.PortfolioRisk().SpreadOrder().empty());
 }
 
 // ---- Base assets, templates and the query ----
@@ -188,9 +188,9 @@ const char* const kFirm =
 TEST(PortfolioRiskQueryTest, AnEmptyBaseAssetGivesTheFirmLevelDefault) {
   TStorageHub hub(kFirm, 2);
   const TPortRiskConfig config = Query(hub, "ACC1", "");
-  EXPECT_EQ(config, hub.GetDefaultPortfolioRiskConfig());
+  EXPECT_EQ(config, hub.PortfolioRisk().DefaultConfig());
   EXPECT_DOUBLE_EQ(config.risk.kgo, 2.0);
-  EXPECT_EQ(Query(hub, nullptr, nullptr), hub.GetDefaultPortfolioRiskConfig());
+  EXPECT_EQ(Query(hub, nullptr, nullptr), hub.PortfolioRisk().DefaultConfig());
 }
 
 TEST(PortfolioRiskQueryTest, ABaseAssetSectionOverridesTheFirmLevel) {
@@ -239,8 +239,8 @@ TEST(PortfolioRiskQueryTest, ATradeAccountSectionThatSetsOnlyKgoKeepsEverythingE
 
 TEST(PortfolioRiskQueryTest, AnAccountBoundByTwoTemplatesKeepsTheFirst) {
   TStorageHub hub(kFirm, 2);
-  ASSERT_EQ(hub.GetTradeAccountRiskConfigs().count("ACC2"), 1u);
-  EXPECT_EQ(hub.GetTradeAccountRiskConfigs().at("ACC2").section, "PortfolioRiskConfig_TPL");
+  ASSERT_EQ(hub.PortfolioRisk().TradeAccountConfigs().count("ACC2"), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().TradeAccountConfigs().at("ACC2").section, "PortfolioRiskConfig_TPL");
   EXPECT_DOUBLE_EQ(Query(hub, "ACC2", "SI").risk.kgo, 3.0);
   EXPECT_EQ(Query(hub, "ACC2", "SI").boardTag, "FUTS");
   EXPECT_EQ(Query(hub, "ACC3", "SI").boardTag, "SPBFUT");
@@ -249,23 +249,23 @@ TEST(PortfolioRiskQueryTest, AnAccountBoundByTwoTemplatesKeepsTheFirst) {
 
 TEST(PortfolioRiskQueryTest, TheTemplatesAreNotBaseAssets) {
   TStorageHub hub(kFirm, 2);
-  ASSERT_EQ(hub.GetBaseAssetRiskConfigs().size(), 2u);
-  EXPECT_EQ(hub.GetBaseAssetRiskConfigs()[0].baseAsset, "RTS");
-  EXPECT_EQ(hub.GetBaseAssetRiskConfigs()[1].baseAsset, "SI");
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetConfigs().size(), 2u);
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetConfigs()[0].baseAsset, "RTS");
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetConfigs()[1].baseAsset, "SI");
   EXPECT_EQ(Query(hub, nullptr, "TPL").baseAsset, "TPL");  // the firm default for an unknown asset
 }
 
 TEST(PortfolioRiskQueryTest, TradeAccountsLongerThanTwelveCharactersAreDropped) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=1\n[PortfolioRiskConfig_T]\nClients=ABCDEFGHIJKLM,ABCDEFGHIJKL\nKGO=5\n", 2);
-  EXPECT_EQ(hub.GetTradeAccountRiskConfigs().count("ABCDEFGHIJKLM"), 0u);
-  EXPECT_EQ(hub.GetTradeAccountRiskConfigs().count("ABCDEFGHIJKL"), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().TradeAccountConfigs().count("ABCDEFGHIJKLM"), 0u);
+  EXPECT_EQ(hub.PortfolioRisk().TradeAccountConfigs().count("ABCDEFGHIJKL"), 1u);
 }
 
 // ---- Volatility slopes ----
 
 TEST(PortfolioRiskSlopesTest, PairsAreReadAndSorted) {
   TStorageHub hub("[PortfolioRiskConfig]\nVolatilitySlope_LONG_CALL=3,1,1,5,1,2\nVolatilitySlope_SHORT_PUT=0.5,7\n", 2);
-  const DL::TVolatilitySlopes& slopes = hub.GetDefaultPortfolioRiskConfig().slopes;
+  const DL::TVolatilitySlopes& slopes = hub.PortfolioRisk().DefaultConfig().slopes;
   using P = DL::TVolatilitySlopes::TPoint;
   EXPECT_EQ(slopes.points[DL::TVolatilitySlopes::LongCall], (std::vector<P>{{1, 2}, {1, 5}, {3, 1}}));
   EXPECT_EQ(slopes.points[DL::TVolatilitySlopes::ShortPut], (std::vector<P>{{0.5, 7}}));
@@ -274,8 +274,8 @@ TEST(PortfolioRiskSlopesTest, PairsAreReadAndSorted) {
 
 TEST(PortfolioRiskSlopesTest, AnOddCountOfNumbersIsNotRead) {
   TStorageHub hub("[PortfolioRiskConfig]\nVolatilitySlope_SHORT_CALL=1,2,3\nVolatilitySlope_LONG_PUT=1,,2,3\n", 2);
-  EXPECT_TRUE(hub.GetDefaultPortfolioRiskConfig().slopes.points[DL::TVolatilitySlopes::ShortCall].empty());
-  EXPECT_TRUE(hub.GetDefaultPortfolioRiskConfig().slopes.points[DL::TVolatilitySlopes::LongPut].empty());
+  EXPECT_TRUE(hub.PortfolioRisk().DefaultConfig().slopes.points[DL::TVolatilitySlopes::ShortCall].empty());
+  EXPECT_TRUE(hub.PortfolioRisk().DefaultConfig().slopes.points[DL::TVolatilitySlopes::LongPut].empty());
   EXPECT_NE(Save(hub).find("VolatilitySlope_SHORT_CALL=1,2,3\r\n"), std::string::npos);  // kept as written
 }
 
@@ -328,8 +328,8 @@ TEST(PortfolioRiskSpreadTest, MalformedTierLinesAreSkipped) {
   EXPECT_FALSE(DL::ParseSpreadLine("Spread_T1_FUT", ",", tiers, line));           // no number
   EXPECT_FALSE(DL::ParseSpreadLine("Spreads_T1_FUT", "1", tiers, line));          // not a spread key
   TStorageHub hub("[PortfolioRiskConfig]\nSpreadTiers=T1\nSpread_T1=1\nSpread_T2_FUT=1\n", 2);
-  ASSERT_EQ(hub.GetDefaultPortfolioRiskConfig().spreadLines.size(), 1u);
-  EXPECT_TRUE(hub.GetDefaultPortfolioRiskConfig().spreadLines[0].isDefault);
+  ASSERT_EQ(hub.PortfolioRisk().DefaultConfig().spreadLines.size(), 1u);
+  EXPECT_TRUE(hub.PortfolioRisk().DefaultConfig().spreadLines[0].isDefault);
   const std::string text = Save(hub);  // both kept as written
   EXPECT_NE(text.find("Spread_T1=1\r\n"), std::string::npos) << text;
   EXPECT_NE(text.find("Spread_T2_FUT=1\r\n"), std::string::npos) << text;
@@ -350,7 +350,7 @@ TEST(PortfolioRiskSpreadTest, TheTiersOfATemplateReplaceThoseOfTheBaseAsset) {
 
 TEST(PortfolioSpreadOrderTest, LinesComeOutByPriorityNotByFileOrder) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=1\n[PortfolioSpreadOrder]\n10=SI,RTS\n2=BR,GOLD\n9=SI,SIM\n", 2);
-  const std::vector<DL::TPortfolioSpread>& order = hub.GetPortfolioSpreadOrder();
+  const std::vector<DL::TPortfolioSpread>& order = hub.PortfolioRisk().SpreadOrder();
   ASSERT_EQ(order.size(), 3u);
   EXPECT_EQ(order[0].priority, 2);
   EXPECT_EQ(order[0].baseAsset1, "BR");
@@ -362,8 +362,8 @@ TEST(PortfolioSpreadOrderTest, LinesComeOutByPriorityNotByFileOrder) {
 
 TEST(PortfolioSpreadOrderTest, ALineWithThreeCodesIsDropped) {
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=1\n[PortfolioSpreadOrder]\n1=SI,RTS,BR\n2=SI,RTS\nOrder=SI,BR\n", 2);
-  ASSERT_EQ(hub.GetPortfolioSpreadOrder().size(), 1u);
-  EXPECT_EQ(hub.GetPortfolioSpreadOrder()[0].priority, 2);
+  ASSERT_EQ(hub.PortfolioRisk().SpreadOrder().size(), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().SpreadOrder()[0].priority, 2);
   // Left out of the order, the lines are kept as written.
   EXPECT_NE(Save(hub).find("[PortfolioSpreadOrder]\r\n1=SI,RTS,BR\r\n2=SI,RTS\r\nOrder=SI,BR\r\n\r\n"),
             std::string::npos);
@@ -386,7 +386,7 @@ TEST(PortfolioSpreadOrderTest, LinesOfOtherShapesAreDropped) {
 
 TEST(BaseAssetsTest, EachKeyIsABaseAssetWithItsSpotList) {
   TStorageHub hub("[BaseAssets]\nDEFAULT=SPOT0,1\nSI=USD000UTSTOM,1000,USD000000TOD,0.5\n", 2);
-  const DL::TBaseAssetsSection& section = hub.GetBaseAssetsSections().at("BaseAssets");
+  const DL::TBaseAssetsSection& section = hub.PortfolioRisk().BaseAssetsSections().at("BaseAssets");
   EXPECT_FALSE(section.isTemplate);
   ASSERT_EQ(section.assets.size(), 2u);
   const DL::TSpotParams* si = section.SpotListFor("SI");
@@ -401,12 +401,12 @@ TEST(BaseAssetsTest, EachKeyIsABaseAssetWithItsSpotList) {
 
 TEST(BaseAssetsTest, WithoutDefaultAnUnknownAssetHasNoSpotList) {
   TStorageHub hub("[BaseAssets]\nSI=A,1\n", 2);
-  EXPECT_EQ(hub.GetBaseAssetsSections().at("BaseAssets").SpotListFor("RTS"), nullptr);
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetsSections().at("BaseAssets").SpotListFor("RTS"), nullptr);
 }
 
 TEST(BaseAssetsTest, TemplatesBindClients) {
   TStorageHub hub("[BaseAssets_Template_T1]\nClients=C1,C2\nSI=A,2\n", 2);
-  const DL::TBaseAssetsSection& section = hub.GetBaseAssetsSections().at("BaseAssets_Template_T1");
+  const DL::TBaseAssetsSection& section = hub.PortfolioRisk().BaseAssetsSections().at("BaseAssets_Template_T1");
   EXPECT_TRUE(section.isTemplate);
   EXPECT_EQ(section.code, "T1");
   EXPECT_EQ(section.clients, (std::vector<std::string>{"C1", "C2"}));
@@ -422,8 +422,8 @@ TEST(BaseAssetsTest, MalformedSpotListsAreNotRead) {
   EXPECT_FALSE(DL::TSpotParams::Parse("ABCDEFGHIJKLM,1", params));
   EXPECT_FALSE(DL::TSpotParams::Parse("A,", params));
   TStorageHub hub("[BaseAssets]\nSI=A,1,B\nRTS=B,2\nBR=SPBFUT\n", 2);
-  ASSERT_EQ(hub.GetBaseAssetsSections().at("BaseAssets").assets.size(), 1u);
-  EXPECT_EQ(hub.GetBaseAssetsSections().at("BaseAssets").assets[0].first, "RTS");
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetsSections().at("BaseAssets").assets.size(), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetsSections().at("BaseAssets").assets[0].first, "RTS");
   EXPECT_NE(Save(hub).find("[BaseAssets]\r\nBR=SPBFUT\r\nRTS=B,2\r\nSI=A,1,B\r\n\r\n"), std::string::npos);
 }
 
@@ -527,7 +527,7 @@ TEST(PortfolioRiskRenderTest, UnknownParametersSurviveASave) {
 TEST(PortfolioRiskRenderTest, AFirmSectionWithoutLinesDoesNotCount) {
   // The text keeps no section without lines, so there is nothing to read.
   TStorageHub hub("[PortfolioRiskConfig]\n[PortfolioRiskConfig_SI]\nKGO=2\n", 2);
-  EXPECT_FALSE(hub.HasPortfolioRiskConfigs());
+  EXPECT_FALSE(hub.PortfolioRisk().HasConfigs());
   EXPECT_NE(Save(hub).find("[PortfolioRiskConfig_SI]\r\nKGO=2\r\n"), std::string::npos);
 }
 
@@ -539,7 +539,7 @@ TEST(PortfolioRiskRenderTest, ASectionEditedAfterTheLoadIsSavedAsEdited) {
   const std::string text = Save(hub);
   EXPECT_NE(text.find("KGO=5\r\n"), std::string::npos) << text;
   EXPECT_NE(text.find("2=BR,GOLD\r\n"), std::string::npos) << text;
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 2.0);  // until a reload
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.kgo, 2.0);  // until a reload
 }
 
 // ---- Load, save, load ----
@@ -565,20 +565,20 @@ TEST(PortfolioRiskRoundTripTest, TheSavedTextIsAFixedPoint) {
 TEST(PortfolioRiskRoundTripTest, TheConfigurationsAreEqualAfterAReload) {
   TStorageHub first(kRoundTrip, 2);
   TStorageHub second(Save(first).c_str(), 2);
-  EXPECT_TRUE(second.HasPortfolioRiskConfigs());
-  EXPECT_EQ(second.GetDefaultPortfolioRiskConfig(), first.GetDefaultPortfolioRiskConfig());
-  EXPECT_EQ(second.GetBaseAssetRiskConfigs(), first.GetBaseAssetRiskConfigs());
-  EXPECT_EQ(second.GetTradeAccountRiskConfigs(), first.GetTradeAccountRiskConfigs());
-  EXPECT_EQ(second.GetPortfolioSpreadOrder().size(), 2u);
-  for (std::size_t i = 0; i < first.GetPortfolioSpreadOrder().size(); ++i) {
-    EXPECT_EQ(second.GetPortfolioSpreadOrder()[i].priority, first.GetPortfolioSpreadOrder()[i].priority);
-    EXPECT_EQ(second.GetPortfolioSpreadOrder()[i].baseAsset1, first.GetPortfolioSpreadOrder()[i].baseAsset1);
-    EXPECT_EQ(second.GetPortfolioSpreadOrder()[i].baseAsset2, first.GetPortfolioSpreadOrder()[i].baseAsset2);
+  EXPECT_TRUE(second.PortfolioRisk().HasConfigs());
+  EXPECT_EQ(second.PortfolioRisk().DefaultConfig(), first.PortfolioRisk().DefaultConfig());
+  EXPECT_EQ(second.PortfolioRisk().BaseAssetConfigs(), first.PortfolioRisk().BaseAssetConfigs());
+  EXPECT_EQ(second.PortfolioRisk().TradeAccountConfigs(), first.PortfolioRisk().TradeAccountConfigs());
+  EXPECT_EQ(second.PortfolioRisk().SpreadOrder().size(), 2u);
+  for (std::size_t i = 0; i < first.PortfolioRisk().SpreadOrder().size(); ++i) {
+    EXPECT_EQ(second.PortfolioRisk().SpreadOrder()[i].priority, first.PortfolioRisk().SpreadOrder()[i].priority);
+    EXPECT_EQ(second.PortfolioRisk().SpreadOrder()[i].baseAsset1, first.PortfolioRisk().SpreadOrder()[i].baseAsset1);
+    EXPECT_EQ(second.PortfolioRisk().SpreadOrder()[i].baseAsset2, first.PortfolioRisk().SpreadOrder()[i].baseAsset2);
   }
-  EXPECT_EQ(second.GetPortfolioLimitKinds(), first.GetPortfolioLimitKinds());
-  ASSERT_EQ(second.GetBaseAssetsSections().size(), first.GetBaseAssetsSections().size());
-  for (const auto& [name, section] : first.GetBaseAssetsSections()) {
-    const DL::TBaseAssetsSection& other = second.GetBaseAssetsSections().at(name);
+  EXPECT_EQ(second.PortfolioRisk().LimitKinds(), first.PortfolioRisk().LimitKinds());
+  ASSERT_EQ(second.PortfolioRisk().BaseAssetsSections().size(), first.PortfolioRisk().BaseAssetsSections().size());
+  for (const auto& [name, section] : first.PortfolioRisk().BaseAssetsSections()) {
+    const DL::TBaseAssetsSection& other = second.PortfolioRisk().BaseAssetsSections().at(name);
     EXPECT_EQ(other.assets, section.assets);
     EXPECT_EQ(other.clients, section.clients);
   }
@@ -588,7 +588,7 @@ TEST(PortfolioRiskRoundTripTest, TheConfigurationsAreEqualAfterAReload) {
   EXPECT_DOUBLE_EQ(Query(second, "ACC2", "SIM").risk.kgo, 3.0);
   EXPECT_EQ(Query(second, "ACC2", "SIM").limitKind, 2);
   EXPECT_EQ(Query(second, nullptr, "SI").Securities(), (std::vector<std::string>{"A"}));
-  EXPECT_DOUBLE_EQ(second.GetDefaultPortfolioRiskConfig().risk.expirationMatDateTerm, 2.0);
+  EXPECT_DOUBLE_EQ(second.PortfolioRisk().DefaultConfig().risk.expirationMatDateTerm, 2.0);
 }
 
 }  // namespace

@@ -294,7 +294,7 @@ TEST(HubUserSettingsTest, SecuritiesRestrictedSecuritiesAndFloodControlByInstrum
       "[u5]\nFloodControlByInstrument_SBER=10,1\nfloodcontrolbyinstrument_GAZP=3\nFloodControlByInstrument_=9\n"
       "TQBR_SECURITY=SBER,GAZP\nTQBR_RESTSECURITY=LKOH\n_SECURITY=X\nABCDEFGHIJKLM_SECURITY=Y\nTQOB_security=SU26\n",
       2);
-  const DL::TUserIdSettings& user = hub.GetUserIdSettings().at(5);
+  const DL::TUserIdSettings& user = hub.UserSettings().ByUser().at(5);
   EXPECT_EQ(user.floodControlByInstrument,
             (std::map<std::string, std::string, DL::StringMapComparerFunc>{{"SBER", "10,1"}, {"GAZP", "3"}}));
   ASSERT_EQ(user.securities.size(), 2u);
@@ -306,7 +306,7 @@ TEST(HubUserSettingsTest, SecuritiesRestrictedSecuritiesAndFloodControlByInstrum
 
 TEST(HubUserSettingsTest, AUserWithoutThemHasEmptyLists) {
   TStorageHub hub("[u7]\nCOMMISSION=1\n", 2);
-  const DL::TUserIdSettings& user = hub.GetUserIdSettings().at(7);
+  const DL::TUserIdSettings& user = hub.UserSettings().ByUser().at(7);
   EXPECT_TRUE(user.securities.empty());
   EXPECT_TRUE(user.restSecurities.empty());
   EXPECT_TRUE(user.floodControlByInstrument.empty());
@@ -317,8 +317,8 @@ TEST(HubUserSettingsTest, ParseSecuritiesAndParseRestSecuritiesTakeOnlyTheirEndi
   const DL::TIniKeyMap keys{{"TQBR_SECURITY", "A,B"}, {"TQBR_RESTSECURITY", "C"}, {"TQOB_RESTSHORT", "D"}};
   TKeyToList allowed;
   TKeyToList restricted;
-  TStorageHub::ParseSecurities(keys, allowed);
-  TStorageHub::ParseRestSecurities(keys, restricted);
+  DL::TUserSettings::ParseSecurities(keys, allowed);
+  DL::TUserSettings::ParseRestSecurities(keys, restricted);
   EXPECT_EQ(Dump(allowed), (TDump{{"TQBR", "A,B"}}));
   EXPECT_EQ(Dump(restricted), (TDump{{"TQBR", "C"}}));
 }
@@ -327,8 +327,8 @@ TEST(HubUserSettingsTest, RoundTripKeepsTheUserSection) {
   TRoundTrip rt(
       "[u5]\nFloodControlByInstrument_SBER=10,1\nTQBR_SECURITY=SBER\nTQBR_RESTSECURITY=LKOH\nUnknownKey=9\n");
   EXPECT_NE(rt.saved.find("UnknownKey=9\r\n"), std::string::npos);
-  const DL::TUserIdSettings& a = rt.first.GetUserIdSettings().at(5);
-  const DL::TUserIdSettings& b = rt.second.GetUserIdSettings().at(5);
+  const DL::TUserIdSettings& a = rt.first.UserSettings().ByUser().at(5);
+  const DL::TUserIdSettings& b = rt.second.UserSettings().ByUser().at(5);
   EXPECT_EQ(Dump(b.securities), Dump(a.securities));
   EXPECT_EQ(Dump(b.restSecurities), Dump(a.restSecurities));
   EXPECT_EQ(b.floodControlByInstrument, a.floodControlByInstrument);

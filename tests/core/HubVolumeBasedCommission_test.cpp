@@ -29,7 +29,7 @@ using Rows = std::vector<VolumeAndSideToTypeAndRate>;
 
 TEST(HubVolumeCommLoadTest, GlobalSectionsInNameOrder) {
   TStorageHub hub(kFirm, 2);
-  const auto& global = hub.GetGlobalVolumeBasedCommission();
+  const auto& global = hub.VolumeCommission().Global();
   ASSERT_EQ(global.size(), 2u);
   EXPECT_EQ(global[0].section, "VolumeBasedCommission_1");
   EXPECT_EQ(global[0].commission.GetAllStrings(), (std::set<std::string>{"TQBR", "TQTF"}));
@@ -44,13 +44,13 @@ TEST(HubVolumeCommLoadTest, GlobalSectionsInNameOrder) {
 
 TEST(HubVolumeCommLoadTest, TemplateAndClientSections) {
   TStorageHub hub(kFirm, 2);
-  const auto& templates = hub.GetTemplateVolumeBasedCommission();
+  const auto& templates = hub.VolumeCommission().Templates();
   ASSERT_EQ(templates.size(), 1u);
   ASSERT_EQ(templates.at("RETAIL").size(), 1u);
   EXPECT_EQ(templates.at("retail")[0].section, "clRETAIL_Client_Template_VolumeBasedCommission_1");
   EXPECT_EQ(templates.at("RETAIL")[0].commission.GetAllSettings(),
             (Rows{{0.0, DL::sdSell, {DL::ctTradeMin, 0.1, 5.0}}}));
-  const auto& clients = hub.GetClientVolumeBasedCommission();
+  const auto& clients = hub.VolumeCommission().Clients();
   ASSERT_EQ(clients.size(), 1u);
   const auto& c1 = clients.at("C1");
   ASSERT_EQ(c1.size(), 2u);
@@ -67,8 +67,8 @@ TEST(HubVolumeCommLoadTest, NamesOfNoOwnerAreLeftInTheText) {
       "[clABCDEFGHIJKLMN_VolumeBasedCommission_1]\nClasses=TQBR\n"  // client code too long
       "[DeskVolumeBasedCommission_1]\nClasses=TQBR\n",              // not at the start
       2);
-  EXPECT_TRUE(hub.GetGlobalVolumeBasedCommission().empty());
-  EXPECT_TRUE(hub.GetClientVolumeBasedCommission().empty());
+  EXPECT_TRUE(hub.VolumeCommission().Global().empty());
+  EXPECT_TRUE(hub.VolumeCommission().Clients().empty());
   const std::string saved = ztest::SavedText(hub);
   EXPECT_EQ(saved,
             "[DeskVolumeBasedCommission_1]\r\nClasses=TQBR\r\n\r\n"
@@ -77,18 +77,18 @@ TEST(HubVolumeCommLoadTest, NamesOfNoOwnerAreLeftInTheText) {
 
 TEST(HubVolumeCommLoadTest, NoSectionsLeaveTheStoresEmpty) {
   TStorageHub hub("[General]\nCALCVARMARGIN=1\n", 2);
-  EXPECT_TRUE(hub.GetGlobalVolumeBasedCommission().empty());
-  EXPECT_TRUE(hub.GetTemplateVolumeBasedCommission().empty());
-  EXPECT_TRUE(hub.GetClientVolumeBasedCommission().empty());
+  EXPECT_TRUE(hub.VolumeCommission().Global().empty());
+  EXPECT_TRUE(hub.VolumeCommission().Templates().empty());
+  EXPECT_TRUE(hub.VolumeCommission().Clients().empty());
 }
 
 TEST(HubVolumeCommSaveTest, ReloadGivesEqualStores) {
   TStorageHub hub(kFirm, 2);
   const std::string saved = ztest::SavedText(hub);
   TStorageHub back(saved.c_str(), 2);
-  EXPECT_EQ(back.GetGlobalVolumeBasedCommission(), hub.GetGlobalVolumeBasedCommission());
-  EXPECT_EQ(back.GetTemplateVolumeBasedCommission(), hub.GetTemplateVolumeBasedCommission());
-  EXPECT_EQ(back.GetClientVolumeBasedCommission(), hub.GetClientVolumeBasedCommission());
+  EXPECT_EQ(back.VolumeCommission().Global(), hub.VolumeCommission().Global());
+  EXPECT_EQ(back.VolumeCommission().Templates(), hub.VolumeCommission().Templates());
+  EXPECT_EQ(back.VolumeCommission().Clients(), hub.VolumeCommission().Clients());
 }
 
 TEST(HubVolumeCommSaveTest, SavedTextIsAFixedPoint) {
@@ -122,8 +122,8 @@ TEST(HubVolumeCommSaveTest, UnknownKeysSurvive) {
   EXPECT_NE(saved.find("Classes=TQBR,TQTF\r\nNote=desk A\r\n"), std::string::npos) << saved;
   EXPECT_NE(saved.find("Classes=EQOB\r\nx=y\r\n"), std::string::npos) << saved;
   TStorageHub back(saved.c_str(), 2);
-  EXPECT_EQ(back.GetGlobalVolumeBasedCommission()[0].raw, (DL::TRawLines{{"Note", "desk A"}}));
-  EXPECT_EQ(back.GetClientVolumeBasedCommission().at("C1")[0].raw, (DL::TRawLines{{"x", "y"}}));
+  EXPECT_EQ(back.VolumeCommission().Global()[0].raw, (DL::TRawLines{{"Note", "desk A"}}));
+  EXPECT_EQ(back.VolumeCommission().Clients().at("C1")[0].raw, (DL::TRawLines{{"x", "y"}}));
 }
 
 TEST(HubVolumeCommSaveTest, ExactTextOfTheFirm) {
@@ -141,9 +141,9 @@ TEST(HubVolumeCommSaveTest, ExactTextOfTheFirm) {
 
 TEST(HubVolumeCommSaveTest, AnEmptyClassListStays) {
   TStorageHub hub("[clC1_VolumeBasedCommission_B]\nClasses=\n", 2);
-  ASSERT_EQ(hub.GetClientVolumeBasedCommission().at("C1").size(), 1u);
+  ASSERT_EQ(hub.VolumeCommission().Clients().at("C1").size(), 1u);
   TStorageHub back(ztest::SavedText(hub).c_str(), 2);
-  EXPECT_EQ(back.GetClientVolumeBasedCommission(), hub.GetClientVolumeBasedCommission());
+  EXPECT_EQ(back.VolumeCommission().Clients(), hub.VolumeCommission().Clients());
 }
 
 class HubVolumeCommLookupTest : public ::testing::Test {
@@ -255,7 +255,7 @@ namespace {
 
 TEST(HubVolumeCommSaveTest, NameInAnotherCaseIsReadAndWrittenOnce) {
   DL::TStorageHub hub("[volumebasedcommission_1]\nClasses=TQBR\n0=FIXED,1,0\n", 2);
-  ASSERT_EQ(hub.GetGlobalVolumeBasedCommission().size(), 1u);
+  ASSERT_EQ(hub.VolumeCommission().Global().size(), 1u);
   EXPECT_EQ(ztest::SavedText(hub), "[volumebasedcommission_1]\r\n0=FIXED,1,0\r\nClasses=TQBR\r\n\r\n");
 }
 

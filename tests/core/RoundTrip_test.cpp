@@ -10,7 +10,7 @@
 #include <random>
 #include <set>
 
-#include "core/DLFunctionHelpers.h"
+#include "base/TextHelpers.h"
 #include "core/SavedText.h"
 #include "core/TStorageHub.h"
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/DLFunctionHelpers.h"
-#include "core/ZDLErrors.h"
+#include "base/TextHelpers.h"
+#include "base/ResultCodes.h"
 #include "ini/TIniParser.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include "core/TInfoStorage.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "core/SavedText.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace {
 

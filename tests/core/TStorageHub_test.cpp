@@ -10,7 +10,7 @@
 #include "core/TInfoStorage.h"
 #include "core/SavedText.h"
 #include "core/TStorageHub.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 #include "ini/TIniParser.h"
 #include "support/Errors.h"
 
@@ -234,7 +234,7 @@ TEST(HubLoadTest, UserSectionsGiveUserSettingsByNumber) {
       "IgnoreNegDealCheck=1\nOrderMaxValue=10,USD\nAllowedTrdAcc=L01,L02\nProhibedTrdAcc=L03\n"
       "ClassesWithoutOrderCheck=TQBR\n[U-1]\nCOMMISSION=3\n[u]\nCOMMISSION=4\n[u1x]\nCOMMISSION=5\n[user]\nA=1\n",
       2);
-  const auto& users = hub.GetUserIdSettings();
+  const auto& users = hub.UserSettings().ByUser();
   ASSERT_EQ(users.size(), 2u);
   const DL::TUserIdSettings& u = users.at(12);
   EXPECT_EQ(u.userId, 12);
@@ -256,8 +256,8 @@ TEST(HubLoadTest, StepsWithoutAParsedHomeAreListed) {
   EXPECT_TRUE(TStorageHub::PendingLoadSteps().empty());
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseVolumeBasedCommission"));
   TStorageHub hub("[VolumeBasedCommission_1]\nClasses=TQBR\n0=FIXED,0.1,0\n", 2);
-  ASSERT_EQ(hub.GetGlobalVolumeBasedCommission().size(), 1u);
-  EXPECT_TRUE(hub.GetGlobalVolumeBasedCommission()[0].commission.IsClassInList("TQBR"));
+  ASSERT_EQ(hub.VolumeCommission().Global().size(), 1u);
+  EXPECT_TRUE(hub.VolumeCommission().Global()[0].commission.IsClassInList("TQBR"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseProhibitOrders"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseClientCval"));  // read by a later step on purpose
 }
@@ -299,11 +299,11 @@ TEST(HubPendingStepsTest, CurrencyReplacementIsParsed) {
 TEST(HubPendingStepsTest, PortfolioRiskConfigsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParsePortfolioRiskConfigs"));
   TStorageHub hub("[PortfolioRiskConfig]\nKGO=2\n[PortfolioRiskConfig_SI]\nVOLATILITY=40\n", 2);
-  ASSERT_TRUE(hub.HasPortfolioRiskConfigs());
-  EXPECT_DOUBLE_EQ(hub.GetDefaultPortfolioRiskConfig().risk.kgo, 2.0);
-  ASSERT_EQ(hub.GetBaseAssetRiskConfigs().size(), 1u);
-  EXPECT_EQ(hub.GetBaseAssetRiskConfigs()[0].baseAsset, "SI");
-  EXPECT_DOUBLE_EQ(hub.GetBaseAssetRiskConfigs()[0].risk.volatility, 40.0);
+  ASSERT_TRUE(hub.PortfolioRisk().HasConfigs());
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().DefaultConfig().risk.kgo, 2.0);
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetConfigs().size(), 1u);
+  EXPECT_EQ(hub.PortfolioRisk().BaseAssetConfigs()[0].baseAsset, "SI");
+  EXPECT_DOUBLE_EQ(hub.PortfolioRisk().BaseAssetConfigs()[0].risk.volatility, 40.0);
 }
 TEST(HubPendingStepsTest, OldFormSectionListsAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseOldFormSectionLists"));
@@ -314,8 +314,8 @@ TEST(HubPendingStepsTest, BaseAssetsAreFilled) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("FillBaseAssets"));
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseDerivativesBaseAssets"));
   TStorageHub hub("[BaseAssets]\nSI=USD000UTSTOM,1000\n", 2);
-  ASSERT_EQ(hub.GetBaseAssetsSections().size(), 1u);
-  const DL::TBaseAssetsSection& section = hub.GetBaseAssetsSections().begin()->second;
+  ASSERT_EQ(hub.PortfolioRisk().BaseAssetsSections().size(), 1u);
+  const DL::TBaseAssetsSection& section = hub.PortfolioRisk().BaseAssetsSections().begin()->second;
   ASSERT_EQ(section.assets.size(), 1u);
   EXPECT_EQ(section.assets[0].first, "SI");
   EXPECT_EQ(section.assets[0].second.spots.at(0).first, "USD000UTSTOM");
@@ -335,7 +335,7 @@ TEST(HubPendingStepsTest, BoardTariffsAreFilled) {
 TEST(HubPendingStepsTest, UserSecuritiesAndFloodControlAreParsed) {
   EXPECT_FALSE(TStorageHub::IsPendingLoadStep("ParseUserIdSecuritiesAndFloodControl"));
   TStorageHub hub("[u3]\nTQBR_SECURITY=SBER\nFloodControlByInstrument_SBER=5\n", 2);
-  const DL::TUserIdSettings& user = hub.GetUserIdSettings().at(3);
+  const DL::TUserIdSettings& user = hub.UserSettings().ByUser().at(3);
   EXPECT_TRUE(user.securities.at("TQBR").Contains("SBER"));
   EXPECT_EQ(user.floodControlByInstrument.at("SBER"), "5");
 }
@@ -362,11 +362,11 @@ TEST(HubPendingStepsTest, LateSectionsAreParsed) {
                   "[clC1_VolumeBasedCommission_1]\nClasses=<ALL>\n0=FIXED,1,0\n",
                   2);
   EXPECT_EQ(hub.GetChangeClientCodes().values.at("C1"), "C2");
-  ASSERT_EQ(hub.GetTemplateVolumeBasedCommission().count("T1"), 1u);
-  EXPECT_EQ(hub.GetTemplateVolumeBasedCommission().at("T1")[0].commission.GetEffectiveTypeAndRate(100.0, DL::sdBuy),
+  ASSERT_EQ(hub.VolumeCommission().Templates().count("T1"), 1u);
+  EXPECT_EQ(hub.VolumeCommission().Templates().at("T1")[0].commission.GetEffectiveTypeAndRate(100.0, DL::sdBuy),
             DL::TypeAndRate(DL::ctTradeMax, 0.5, 10.0));
-  ASSERT_EQ(hub.GetClientVolumeBasedCommission().count("C1"), 1u);
-  EXPECT_TRUE(hub.GetClientVolumeBasedCommission().at("C1")[0].commission.IsClassInList("EQOB"));
+  ASSERT_EQ(hub.VolumeCommission().Clients().count("C1"), 1u);
+  EXPECT_TRUE(hub.VolumeCommission().Clients().at("C1")[0].commission.IsClassInList("EQOB"));
   EXPECT_EQ(hub.GetMOEXCommissionExportClasses().Items(), std::vector<std::string>{"TQBR"});
 }
 TEST(HubPendingStepsTest, InitLiteReplacesTheComplexInstrumentStores) {

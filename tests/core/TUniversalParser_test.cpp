@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/TUniversalParser.h"
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "core/misc.h"
+#include "base/Numbers.h"
 
 namespace {
 

@@ -1,0 +1,22 @@
+#pragma once
+// Plain records of the settings API. They cross a boundary that knows no
+// containers: counted arrays whose items block is allocated with array new.
+#include <cstdint>
+
+// 0 selects a setting, 1 its soft twin; any other value is refused with 19.
+typedef int ZDL_SettingsScope;
+
+struct ZDL_ArrayStrings {
+  uint64_t count;  // number of items
+  char** items;    // each string in a block of its own
+};
+
+struct ZDL_ArrayIntNumbers {
+  uint64_t count;
+  int* items;
+};
+
+struct ZDL_ArrayDoubleNumbers {
+  uint64_t count;
+  double* items;
+};

@@ -1,0 +1,3 @@
+#include "host/ModuleIdentity.h"
+
+std::string g_strVersion;

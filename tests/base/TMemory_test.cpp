@@ -1,0 +1,110 @@
+#include "base/TMemory.h"
+
+#include <gtest/gtest.h>
+
+#include "api/ZDLArrays.h"
+
+namespace {
+
+TEST(TMemoryTest, AStringBlockIsZeroedAndRegistered) {
+  TMemory memory;
+  char* s = memory.ConstructString(4);
+  EXPECT_EQ(0, memcmp(s, "\0\0\0\0", 4));
+  EXPECT_EQ(memory.Outstanding(), 1u);
+  EXPECT_EQ(memory.FreeMemory(static_cast<void*>(s)), 0);
+  EXPECT_EQ(memory.Outstanding(), 0u);
+}
+
+TEST(TMemoryTest, AnEmptyArrayHasCountZeroAndNoItems) {
+  TMemory memory;
+  ZDL_ArrayStrings* a = memory.ConstructArray<ZDL_ArrayStrings>(0);
+  EXPECT_EQ(a->count, 0u);
+  EXPECT_EQ(a->items, nullptr);
+  ZDL_ArrayIntNumbers* n = memory.ConstructArray<ZDL_ArrayIntNumbers>(0);
+  EXPECT_EQ(n->count, 0u);
+  EXPECT_EQ(n->items, nullptr);
+}
+
+TEST(TMemoryTest, FreeingThroughTheVariableTwiceGivesZeroThenFour) {
+  TMemory memory;
+  void* p = memory.ConstructArray<ZDL_ArrayDoubleNumbers>(3);
+  EXPECT_EQ(memory.FreeMemory(&p), 0);
+  EXPECT_EQ(p, nullptr);
+  EXPECT_EQ(memory.FreeMemory(&p), 4);
+}
+
+TEST(TMemoryTest, ANullPointerVariableIsABadArgument) {
+  TMemory memory;
+  EXPECT_EQ(memory.FreeMemory(static_cast<void**>(nullptr)), 3);
+}
+
+TEST(TMemoryTest, AnUnknownBlockIsNotFoundAndChangesNothing) {
+  TMemory memory;
+  memory.ConstructString(2);
+  int local = 0;
+  void* p = &local;
+  EXPECT_EQ(memory.FreeMemory(&p), 4);
+  EXPECT_EQ(p, &local);
+  EXPECT_EQ(memory.Outstanding(), 1u);
+}
+
+TEST(TMemoryTest, AKindBeyondTheTableCannotBeReleased) {
+  TMemory memory;
+  int local = 0;
+  memory.AddMemory(&local, static_cast<TMemory::EMEM_TYPE>(70));
+  EXPECT_EQ(memory.FreeMemory(static_cast<void*>(&local)), 4);
+}
+
+TEST(TMemoryTest, ANullBlockIsNotRegistered) {
+  TMemory memory;
+  memory.AddMemory(nullptr, TMemory::MEM_STRING);
+  EXPECT_EQ(memory.Outstanding(), 0u);
+}
+
+TEST(TMemoryTest, StringsInsideAnArrayAreReleasedWithIt) {
+  TMemory memory;
+  ZDL_ArrayStrings* a = memory.ConstructArray<ZDL_ArrayStrings>(2);
+  a->items[0] = new char[3]{'a', 'b', 0};
+  // items[1] stays null: a partly filled array is released as well.
+  void* p = a;
+  EXPECT_EQ(memory.FreeMemory(&p), 0);  // the sanitizer build checks nothing leaks
+}
+
+TEST(TMemoryTest, TheDestructorReleasesWhatIsLeft) {
+  auto memory = std::make_unique<TMemory>();
+  ZDL_ArrayStrings* a = memory->ConstructArray<ZDL_ArrayStrings>(1);
+  a->items[0] = new char[2]{'x', 0};
+  memory->ConstructString(10);
+  EXPECT_EQ(memory->Outstanding(), 2u);
+  memory.reset();  // the sanitizer build checks that both blocks are given back
+}
+
+TEST(ZDLArraysTest, NewArrayStringsCopiesEveryStringWithItsTerminator) {
+  ZDL_ArrayStrings a;
+  New_ZDL_ArrayStrings(a, {"TQBR", ""});
+  ASSERT_EQ(a.count, 2u);
+  EXPECT_STREQ(a.items[0], "TQBR");
+  EXPECT_STREQ(a.items[1], "");
+  Free_ZDL_ArrayStrings(a);
+  EXPECT_EQ(a.items, nullptr);
+}
+
+TEST(ZDLArraysTest, AnEmptyVectorGivesCountZeroAndABlockOfZeroLength) {
+  ZDL_ArrayStrings a;
+  New_ZDL_ArrayStrings(a, {});
+  EXPECT_EQ(a.count, 0u);
+  EXPECT_NE(a.items, nullptr);
+  Free_ZDL_ArrayStrings(a);
+  EXPECT_EQ(a.items, nullptr);
+}
+
+TEST(ZDLArraysTest, IntArraysCopyTheirValues) {
+  ZDL_ArrayIntNumbers a;
+  New_ZDL_ArrayIntNumbers(a, {3, -1});
+  ASSERT_EQ(a.count, 2u);
+  EXPECT_EQ(a.items[0], 3);
+  EXPECT_EQ(a.items[1], -1);
+  Free_ZDL_ArrayIntNumbers(a);
+}
+
+}  // namespace

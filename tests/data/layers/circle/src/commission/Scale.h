@@ -1,0 +1,2 @@
+#pragma once
+#include "ini/Parser.h"

@@ -1,0 +1,3 @@
+#pragma once
+#include "cache/Cache.h"
+#include "base/Numbers.h"
