@@ -1,0 +1,81 @@
+// zentdl: the administrator's tool for dealer libraries. See docs/cli.md.
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "tools/cli/Subcommands.h"
+
+int main(int argc, char** argv) {
+  CLI::App app{"zentdl: check, normalise, compare and explain dealer libraries, and talk to a running zent-host"};
+  app.require_subcommand(1);
+  app.set_version_flag("--version", std::string("zentdl ") + ZENTDL_VERSION);
+
+  zentdl::TCommonOptions common;
+  std::string format = "text";
+  auto addFormat = [&](CLI::App* sub) {
+    sub->add_option("--format", format, "Output form: text or json")->check(CLI::IsMember({"text", "json"}));
+    sub->add_flag("-q,--quiet", [&](std::int64_t) { common.progress = false; },
+                  "No progress notes on standard error");
+  };
+
+  std::vector<std::string> checkFiles;
+  CLI::App* check = app.add_subcommand(
+      "check", "Report what the module would silently drop or ignore in each library, with file and line. "
+               "Exit 0 when clean, 1 with findings, 2 when a file cannot be read.");
+  check->add_option("FILE", checkFiles, "Library files")->required();
+  addFormat(check);
+
+  std::string normFile, normOut;
+  bool inPlace = false;
+  CLI::App* normalize = app.add_subcommand(
+      "normalize", "Write the canonical text of a library: byte for byte what a save through the module writes.");
+  normalize->add_option("FILE", normFile, "Library file")->required();
+  CLI::Option* outOpt = normalize->add_option("-o,--output", normOut, "Write here instead of standard output");
+  normalize->add_flag("--in-place", inPlace, "Replace FILE with its canonical text")->excludes(outOpt);
+  normalize->add_flag("-q,--quiet", [&](std::int64_t) { common.progress = false; },
+                      "No progress notes on standard error");
+
+  std::string diffA, diffB;
+  CLI::App* diff = app.add_subcommand(
+      "diff", "Show the difference of two libraries after normalisation, section by section and key by key. "
+              "Exit 0 when equal, 1 when they differ, 2 on an error.");
+  diff->add_option("A", diffA, "First library")->required();
+  diff->add_option("B", diffB, "Second library")->required();
+  addFormat(diff);
+
+  std::string pattern;
+  bool servedOnly = false;
+  CLI::App* commands = app.add_subcommand(
+      "commands", "List the remote commands and file verbs with their record fields. PATTERN is a substring, "
+                  "or a shell pattern with * and ?, matched ignoring case.");
+  commands->add_option("PATTERN", pattern, "Which commands");
+  commands->add_flag("--served", servedOnly, "Only the commands this module build serves");
+  addFormat(commands);
+
+  bool known = argc <= 1 || argv[1][0] == '-';
+  std::string names;
+  for (const CLI::App* sub : app.get_subcommands([](CLI::App*) { return true; })) {
+    names += (names.empty() ? "" : ", ") + sub->get_name();
+    known = known || sub->get_name() == argv[1];
+  }
+  if (!known) {
+    std::cerr << "zentdl: unknown subcommand \"" << argv[1] << "\"; the subcommands are " << names
+              << " (zentdl --help)\n";
+    return zentdl::kExitError;
+  }
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    const int rc = app.exit(e);
+    return rc == 0 ? 0 : zentdl::kExitError;
+  }
+  common.json = format == "json";
+
+  if (check->parsed()) return zentdl::RunCheck(checkFiles, common, std::cout, std::cerr);
+  if (normalize->parsed()) return zentdl::RunNormalize(normFile, normOut, inPlace, common, std::cerr);
+  if (diff->parsed()) return zentdl::RunDiff(diffA, diffB, common, std::cout, std::cerr);
+  if (commands->parsed()) return zentdl::RunCommands(pattern, servedOnly, common, std::cout);
+  return zentdl::kExitError;
+}
