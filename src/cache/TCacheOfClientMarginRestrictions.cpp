@@ -48,7 +48,9 @@ void ParseCodeKeys(const TIniKeyMap& section, TClientMarginRestrictionsBody& out
   std::string rest;
   for (const auto& [key, value] : section) {
     const std::string keyUp = StrUpper(key);
-    if (StartsWithUp(keyUp, "CLASSTOLIMITKIND_", rest, key)) {
+    if (StartsWithUp(keyUp, "SECURITY_", rest, key) && EndsWithUp(StrUpper(rest), "_RESTSHORT", rest, rest)) {
+      out.restShortSecurities.AddClassLine(rest, value);
+    } else if (StartsWithUp(keyUp, "CLASSTOLIMITKIND_", rest, key)) {
       out.classToLimitKind[rest] = ToInt64(value);
     } else if (StartsWithUp(keyUp, "SECURITYTOLIMITKIND_", rest, key)) {
       out.securityToLimitKind[rest] = ToInt64(value);
@@ -60,6 +62,8 @@ void ParseCodeKeys(const TIniKeyMap& section, TClientMarginRestrictionsBody& out
       out.secToBoard[rest] = TrimStr(value);
     } else if (StartsWithUp(keyUp, "DISCOUNTSTYPEBYCLASSES_", rest, key)) {
       out.discountsTypeByClasses[rest] = static_cast<int>(ToInt64(value));
+    } else if (EndsWithUp(keyUp, "_DISC", rest, key)) {
+      out.securityDiscounts.Add(rest, value);
     } else if (EndsWithUp(keyUp, "_TAG", rest, key)) {
       out.boardTags[rest] = TrimStr(value);
     } else if (EndsWithUp(keyUp, "_CORRELATION", rest, key)) {
@@ -174,6 +178,16 @@ std::unique_ptr<TClientMarginRestrictions> TCacheOfClientMarginRestrictions::Par
     for (const auto& [key, value] : *s) b.secToBoard[key] = TrimStr(value);
   if (const TIniKeyMap* s = section(iscDiscountsTypeByClasses))
     for (const auto& [key, value] : *s) b.discountsTypeByClasses[key] = static_cast<int>(ToInt64(value));
+  if (const TIniKeyMap* s = section(iscRestShortSecurities))
+    for (const auto& [key, value] : *s) {
+      std::string rest;
+      if (key == TIniParser::GetIniParamCode(TIniParser::ipcReserved_ALL))
+        b.restShortSecurities.AddClassLine(key, value);
+      else if (StartsWithUp(StrUpper(key), "SECURITY_", rest, key))
+        b.restShortSecurities.AddClassLine(rest, value);
+    }
+  if (const TIniKeyMap* s = section(iscSecurityDiscounts))
+    for (const auto& [key, value] : *s) b.securityDiscounts.Add(key, value);
   return object;
 }
 

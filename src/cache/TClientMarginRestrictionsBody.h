@@ -7,6 +7,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "cache/TSecurityDiscounts.h"
+#include "cache/TSecurityRestrictionLists.h"
 #include "ini/SettingsText.h"
 
 namespace DL {
@@ -65,6 +67,13 @@ struct TClientMarginRestrictionsBody {
   TMarginCodeMap<double> coefs;                              // code "_COEF" = value
   TMarginCodeMap<int> discountsTypeByClasses;                // "DiscountsTypeByClasses_" class = type
   TMarginCodeMap<std::vector<std::string>> instrumentsWithoutCurrencyRisk;  // class -> securities
+  // Security "_DISC" = discount line; the global object reads the section
+  // "SecurityDiscounts". Not inherited: "UseSecurityDiscounts" says whose
+  // lines a query reads.
+  TSecurityDiscountsTable securityDiscounts;
+  // "SECURITY_" class "_RESTSHORT" = securities restricted for shorts; the
+  // global object reads the section "RestShortSecurities".
+  TSecurityRestrictionLists restShortSecurities;
 
   // Only the global object reads these, from section "General".
   bool futuresDiscountFromCollateralAmount = false;

@@ -2,26 +2,36 @@
 
 #include "core/TStorageHub.h"
 #include "core/ZDLErrors.h"
+#include "settings/DeallerStorage.h"
 
 namespace DL {
 
 // The typed store of the settings (sets of instruments, margin templates) is
-// built on the hub's parser when it is asked for; until that store exists the
-// request is accepted and nothing more is built.
+// built beside the hub when it is asked for. It reads the same source as the
+// hub, so that the order of its lines is the text's own (a second line of a
+// setting stands there); a source of another type gives an empty store.
 struct TInfoStorage::Impl {
   TStorageHub* hub = nullptr;
+  DLTypes::Storage* typed = nullptr;
 };
 
 void TInfoStorage::pImplDeleter::operator()(Impl* impl) const {
   if (impl == nullptr) return;
+  delete impl->typed;
   delete impl->hub;
   delete impl;
 }
 
 TInfoStorage::Impl* TInfoStorage::BuildImpl(const char* ini_source_name, int ini_source_type,
-                                             bool /*buildTypedStore*/) {
+                                             bool buildTypedStore) {
   std::unique_ptr<Impl, pImplDeleter> impl(new Impl);
   impl->hub = new TStorageHub(ini_source_name, ini_source_type);
+  if (buildTypedStore) {
+    if (ini_source_type == 2 && ini_source_name != nullptr)
+      impl->typed = new DLTypes::Storage(DLTypes::Storage::FromText(ini_source_name));
+    else
+      impl->typed = new DLTypes::Storage(ini_source_type == 1 ? ini_source_name : nullptr, ini_source_type == 1);
+  }
   return impl.release();
 }
 
@@ -83,6 +93,17 @@ int TInfoStorage::GetCharParamFromGlobalSection(char& out, int sect, int num) co
 }
 
 TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
+
+const DLTypes::Storage* TInfoStorage::GetTypedStore() const { return m_impl->typed; }
+
+const DLTypes::MarginTemplate* TInfoStorage::GetMarginTemplate(const char* client, double leverage) const {
+  return m_impl->typed == nullptr ? nullptr : m_impl->typed->GetMarginTemplate(client ? client : "", leverage);
+}
+
+DLTypes::TSetsByName TInfoStorage::GetEffectiveSetOfInstrumentsByClient(const char* client, double leverage) const {
+  if (m_impl->typed == nullptr) return {};
+  return m_impl->typed->GetEffectiveSetOfInstruments(client ? client : "", leverage);
+}
 
 int TInfoStorage::GetUsePGOFromGlobal(bool* value) const { return m_impl->hub->GetUsePGOFromGlobal(value); }
 
