@@ -77,7 +77,7 @@ TEST(ProgramTest, VersionAndHelpOfEachSubcommand) {
   const ztest::TRun version = ztest::RunZentdl({"--version"});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.out, "zentdl 1.0.0\n");
-  for (const char* sub : {"check", "normalize", "diff", "commands"}) {
+  for (const char* sub : {"check", "normalize", "diff", "explain", "commands"}) {
     const ztest::TRun help = ztest::RunZentdl({sub, "--help"});
     EXPECT_EQ(help.exitCode, 0) << sub;
     EXPECT_NE(help.out.find(std::string("zentdl ") + sub), std::string::npos) << help.out;

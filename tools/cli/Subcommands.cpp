@@ -2,11 +2,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <ostream>
 #include <string>
 
 #include "tools/cli/CanonicalText.h"
 #include "tools/cli/CommandCatalogue.h"
+#include "tools/cli/Explain.h"
 #include "tools/cli/FileText.h"
 #include "tools/cli/Progress.h"
 #include "tools/cli/ResultCodes.h"
@@ -114,6 +116,54 @@ int RunDiff(const std::string& a, const std::string& b, const TCommonOptions& op
     out << "--- " << a << "\n+++ " << b << "\n" << FormatSettingsDiff(changes);
   }
   return changes.empty() ? kExitOk : kExitFindings;
+}
+
+int RunExplain(const std::string& file, const TExplainRequest& request, const TCommonOptions& options,
+               std::ostream& out, std::ostream& err) {
+  std::string text, reason;
+  if (!ReadWholeFile(file, text, reason)) {
+    err << "zentdl: cannot read " << file << ": " << reason << "\n";
+    return kExitError;
+  }
+  TExplanation e;
+  {
+    CProgress progress("loading " + file, options.progress);
+    e = ExplainClient(text.substr(0, text.find('\0')), request);
+  }
+  if (e.code != 0) {
+    err << "zentdl: " << file << " could not be loaded as a library: settings code " << e.code << " ("
+        << SettingsCodeMeaning(e.code) << ")\n";
+    return kExitError;
+  }
+  const std::string who = request.client.empty() ? std::string("the firm (no client)") : "client " + request.client;
+  if (options.json) {
+    json rows = json::array();
+    for (const TExplainRow& r : e.rows) rows.push_back({{"name", r.name}, {"value", r.value}, {"level", r.level}});
+    out << json({{"file", file},
+                 {"client", request.client},
+                 {"leverage", request.leverage},
+                 {"limitKind", request.limitKind},
+                 {"class", request.classCode},
+                 {"security", request.secCode},
+                 {"settings", rows}})
+               .dump(2)
+        << "\n";
+    return kExitOk;
+  }
+  out << who << ", leverage "
+      << (request.leverage < -0.001 ? std::string("none") : json(request.leverage).dump()) << ", limit kind "
+      << request.limitKind << "\n";
+  std::size_t width = 0;
+  for (const TExplainRow& r : e.rows) width = std::max(width, r.name.size());
+  for (const TExplainRow& r : e.rows) {
+    out << "  " << r.name << std::string(width - r.name.size(), ' ') << "  ";
+    if (r.value.empty()) {
+      out << r.level << "\n";
+    } else {
+      out << r.value << "    from " << r.level << "\n";
+    }
+  }
+  return kExitOk;
 }
 
 int RunCommands(const std::string& pattern, bool servedOnly, const TCommonOptions& options, std::ostream& out) {

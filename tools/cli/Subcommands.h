@@ -35,6 +35,12 @@ int RunNormalize(const std::string& file, const std::string& output, bool inPlac
 int RunDiff(const std::string& a, const std::string& b, const TCommonOptions& options, std::ostream& out,
             std::ostream& err);
 
+// explain FILE CLIENT: the client's effective settings with their levels.
+// 0, or 2 when the file cannot be read or loaded.
+struct TExplainRequest;
+int RunExplain(const std::string& file, const TExplainRequest& request, const TCommonOptions& options,
+               std::ostream& out, std::ostream& err);
+
 // commands [PATTERN]: the matching commands and file verbs with their records.
 // 0, or 1 when nothing matches.
 int RunCommands(const std::string& pattern, bool servedOnly, const TCommonOptions& options, std::ostream& out);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/cli/Explain.h"
 #include "tools/cli/Subcommands.h"
 
 int main(int argc, char** argv) {
@@ -45,6 +46,21 @@ int main(int argc, char** argv) {
   diff->add_option("B", diffB, "Second library")->required();
   addFormat(diff);
 
+  std::string explainFile;
+  zentdl::TExplainRequest explainRequest;
+  CLI::App* explain = app.add_subcommand(
+      "explain", "Show the effective settings of one client as a host engine gets them, each with the level it "
+                 "came from: leverage template, personal section, template, prefix, general margin section, global.");
+  explain->add_option("FILE", explainFile, "Library file")->required();
+  explain->add_option("CLIENT", explainRequest.client, "Client code (\"\" for the firm's global settings)")->required();
+  explain->add_option("--class", explainRequest.classCode, "Class code, e.g. TQBR");
+  explain->add_option("--sec", explainRequest.secCode, "Security code, e.g. SBER");
+  explain->add_option("--leverage", explainRequest.leverage, "Leverage of the query; -1 for none")
+      ->default_val(-1.0);
+  explain->add_option("--limit-kind", explainRequest.limitKind, "Limit kind")->default_val(0);
+  explain->add_option("--currency", explainRequest.currency, "Currency of the discount query (default: main)");
+  addFormat(explain);
+
   std::string pattern;
   bool servedOnly = false;
   CLI::App* commands = app.add_subcommand(
@@ -76,6 +92,7 @@ int main(int argc, char** argv) {
   if (check->parsed()) return zentdl::RunCheck(checkFiles, common, std::cout, std::cerr);
   if (normalize->parsed()) return zentdl::RunNormalize(normFile, normOut, inPlace, common, std::cerr);
   if (diff->parsed()) return zentdl::RunDiff(diffA, diffB, common, std::cout, std::cerr);
+  if (explain->parsed()) return zentdl::RunExplain(explainFile, explainRequest, common, std::cout, std::cerr);
   if (commands->parsed()) return zentdl::RunCommands(pattern, servedOnly, common, std::cout);
   return zentdl::kExitError;
 }
