@@ -41,6 +41,30 @@ struct TExplainRequest;
 int RunExplain(const std::string& file, const TExplainRequest& request, const TCommonOptions& options,
                std::ostream& out, std::ostream& err);
 
+// call: one remote command (or file verb) to a running zent-host, the reply
+// record printed as JSON. With a library, the library is opened first
+// (for writing with `write`, and then written back after a successful
+// change) and closed after. 0 when the command's result is 0, 1 for another
+// result, 2 for a bad request, 3 when the host cannot be reached or refuses
+// the log-on.
+struct TRemoteOptions;
+struct TCallRequest {
+  std::string command;             // empty when the JSON request names it
+  std::vector<std::string> words;  // FIELD=VALUE or FIELD:TYPE=VALUE
+  std::string json;                // a JSON object: "command" and the fields
+  std::string library;             // open this library around the command
+  bool write = false;              // open it for writing and save a change
+};
+int RunCall(const TRemoteOptions& remote, const TCallRequest& request, std::ostream& out, std::ostream& err);
+
+// get LIBRARY: the library's text through "GetDLFile" (read only), to
+// output ("-" for standard output). put LIBRARY FILE: takes the hold with
+// "GetDLFile" and stores the text with "SaveDLFile"; the host stores its
+// canonical form. 0, 1 when the host refuses or fails, 2, 3 as for call.
+int RunGet(const TRemoteOptions& remote, const std::string& library, const std::string& output, std::ostream& err);
+int RunPut(const TRemoteOptions& remote, const std::string& library, const std::string& file, std::ostream& out,
+           std::ostream& err);
+
 // commands [PATTERN]: the matching commands and file verbs with their records.
 // 0, or 1 when nothing matches.
 int RunCommands(const std::string& pattern, bool servedOnly, const TCommonOptions& options, std::ostream& out);

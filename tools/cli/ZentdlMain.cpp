@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/cli/AdminSession.h"
 #include "tools/cli/Explain.h"
 #include "tools/cli/Subcommands.h"
 
@@ -61,6 +62,43 @@ int main(int argc, char** argv) {
   explain->add_option("--currency", explainRequest.currency, "Currency of the discount query (default: main)");
   addFormat(explain);
 
+  zentdl::TRemoteOptions remote;
+  auto addRemote = [&](CLI::App* sub) {
+    sub->add_option("--host", remote.host, "zent-host as ADDR:PORT (default: $ZENTDL_HOST)");
+    sub->add_option("--user", remote.user, "User name (default: $ZENTDL_USER)");
+    sub->add_option("--secret-file", remote.secretFile,
+                    "File whose first line is the secret (default: $ZENTDL_SECRET, then $ZENTDL_SECRET_FILE)");
+    sub->add_option("--connection-port", remote.connectionPort, "The host's connection port")->default_val(7001);
+  };
+
+  zentdl::TCallRequest callRequest;
+  CLI::App* call = app.add_subcommand(
+      "call", "Send one remote command (or file verb) to a running zent-host and print the reply record as JSON. "
+              "Fields are FIELD=VALUE (FIELD:TYPE=VALUE for a record this build does not declare); --json gives "
+              "the whole request. With --library the library is opened around the command, and with --write "
+              "opened for writing and saved after a successful change. Exit 0 for result 0, 1 for another "
+              "result, 2 for a bad request, 3 when the host cannot be reached or refuses the log-on.");
+  call->add_option("COMMAND", callRequest.command, "Command name, as `zentdl commands` lists it");
+  call->add_option("FIELDS", callRequest.words, "FIELD=VALUE ...");
+  call->add_option("--json", callRequest.json, "The request as a JSON object: {\"command\": ..., FIELD: VALUE ...}");
+  call->add_option("--library", callRequest.library, "Open this library around the command (firmCode defaults to it)");
+  call->add_flag("--write", callRequest.write, "Open the library for writing and save it after a change");
+  addRemote(call);
+
+  std::string getLibrary, getOut;
+  CLI::App* get = app.add_subcommand("get", "Fetch a library's text from a running zent-host (GetDLFile, read only).");
+  get->add_option("LIBRARY", getLibrary, "Library name as the host lists it")->required();
+  get->add_option("-o,--output", getOut, "Write here instead of standard output");
+  addRemote(get);
+
+  std::string putLibrary, putFile;
+  CLI::App* put = app.add_subcommand(
+      "put", "Store a library on a running zent-host (GetDLFile for the hold, then SaveDLFile); the host stores "
+             "its canonical form.");
+  put->add_option("LIBRARY", putLibrary, "Library name as the host lists it")->required();
+  put->add_option("FILE", putFile, "The new text")->required();
+  addRemote(put);
+
   std::string pattern;
   bool servedOnly = false;
   CLI::App* commands = app.add_subcommand(
@@ -93,6 +131,9 @@ int main(int argc, char** argv) {
   if (normalize->parsed()) return zentdl::RunNormalize(normFile, normOut, inPlace, common, std::cerr);
   if (diff->parsed()) return zentdl::RunDiff(diffA, diffB, common, std::cout, std::cerr);
   if (explain->parsed()) return zentdl::RunExplain(explainFile, explainRequest, common, std::cout, std::cerr);
+  if (call->parsed()) return zentdl::RunCall(remote, callRequest, std::cout, std::cerr);
+  if (get->parsed()) return zentdl::RunGet(remote, getLibrary, getOut, std::cerr);
+  if (put->parsed()) return zentdl::RunPut(remote, putLibrary, putFile, std::cout, std::cerr);
   if (commands->parsed()) return zentdl::RunCommands(pattern, servedOnly, common, std::cout);
   return zentdl::kExitError;
 }
