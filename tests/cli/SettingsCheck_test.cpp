@@ -135,3 +135,57 @@ TEST(SettingsCheckTest, JsonListsEveryFileWithItsFindings) {
 }
 
 }  // namespace
+
+namespace {
+
+// The reader's own edge cases, as check reports them.
+std::vector<std::pair<int, EFindingKind>> Check(const char* text) {
+  return LinesAndKinds(zentdl::CheckSettingsText(text));
+}
+
+TEST(SettingsCheckReaderTest, AHeaderWithoutKeyLinesLeavesNoSection) {
+  const std::vector<std::pair<int, EFindingKind>> expected = {{1, EFindingKind::EmptySection}};
+  EXPECT_EQ(Check("[General]\n[CommissionCurrency]\nSUR=SUR\n"), expected);
+}
+
+TEST(SettingsCheckReaderTest, KeyLinesBehindABrokenHeaderGoOnIntoTheSectionBefore) {
+  const auto f = zentdl::CheckSettingsText("[General]\nUsePGO=1\n[ClientLag\nC1=2\n");
+  ASSERT_EQ(f.size(), 2u);
+  EXPECT_EQ(f[0].line, 3);
+  EXPECT_EQ(f[0].kind, EFindingKind::BadHeader);
+  EXPECT_EQ(f[1].line, 4);
+  EXPECT_EQ(f[1].message, "parameter C1 of [General] is unknown to the catalogue: the module ignores it");
+}
+
+TEST(SettingsCheckReaderTest, ACommentBehindAHeaderIsNoFindingButTextIs) {
+  EXPECT_TRUE(Check("[General] ; the firm\nUsePGO=1\n").empty());
+  const std::vector<std::pair<int, EFindingKind>> expected = {{1, EFindingKind::TextAfterHeader}};
+  EXPECT_EQ(Check("[General] trailing ; comment\nUsePGO=1\n"), expected);
+}
+
+TEST(SettingsCheckReaderTest, BlanksInsideTheBracketsBelongToTheName) {
+  const auto f = zentdl::CheckSettingsText("[ General ]\nUsePGO=1\n");
+  ASSERT_EQ(f.size(), 1u);
+  EXPECT_EQ(f[0].kind, EFindingKind::UnknownSection);
+  EXPECT_EQ(f[0].message,
+            "section [ General ] is unknown to the catalogue: the module keeps it as text and uses none of it");
+}
+
+TEST(SettingsCheckReaderTest, BlanksAroundTheEqualsSignAndAnEmptyValueAreFine) {
+  EXPECT_TRUE(Check("[General]\nUsePGO = 1\nCheckClient=\n").empty());
+}
+
+TEST(SettingsCheckReaderTest, RepeatedKeysDifferingInCaseKeepTheFirstValue) {
+  const auto f = zentdl::CheckSettingsText("[General]\nk=1\nK=2\n");
+  ASSERT_FALSE(f.empty());
+  EXPECT_EQ(f.back().line, 3);
+  EXPECT_EQ(f.back().message, "key K in [General] repeats line 2: this value \"2\" is ignored, \"1\" stands");
+}
+
+TEST(SettingsCheckReaderTest, HashAndDoubleSlashAreNoComments) {
+  const auto f = zentdl::CheckSettingsText("[General]\n#UsePGO=1\n");
+  ASSERT_EQ(f.size(), 1u);
+  EXPECT_EQ(f[0].kind, EFindingKind::UnknownParameter);
+}
+
+}  // namespace

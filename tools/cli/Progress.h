@@ -16,6 +16,8 @@ class CProgress {
   // out null (or enabled false) turns the note off.
   CProgress(std::string label, bool enabled, std::FILE* out = stderr);
   ~CProgress();  // ends the note: "done in N.N s" when anything was shown
+  // What the work does now ("checking b.ini (2 of 7)"); shown at the next tick.
+  void SetLabel(std::string label);
   CProgress(const CProgress&) = delete;
   CProgress& operator=(const CProgress&) = delete;
 
@@ -24,6 +26,7 @@ class CProgress {
 
   std::string m_label;
   std::FILE* m_out;
+  bool m_terminal;  // rewrite one line in place
   std::mutex m_mutex;
   std::condition_variable m_wake;
   bool m_done = false;

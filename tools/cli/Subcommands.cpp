@@ -50,8 +50,11 @@ int RunCheck(const std::vector<std::string>& files, const TCommonOptions& option
              std::ostream& err) {
   bool anyFinding = false, anyUnreadable = false;
   json report = json::array();
+  // One note for the whole run: many small files take long too.
+  CProgress progress("checking", options.progress);
   for (std::size_t i = 0; i < files.size(); ++i) {
     const std::string& file = files[i];
+    progress.SetLabel(ProgressLabel("checking", file, i, files.size()));
     std::string text, reason;
     if (!ReadWholeFile(file, text, reason)) {
       anyUnreadable = true;
@@ -59,11 +62,7 @@ int RunCheck(const std::vector<std::string>& files, const TCommonOptions& option
       if (options.json) report.push_back({{"file", file}, {"readable", false}, {"error", reason}});
       continue;
     }
-    std::vector<TFinding> findings;
-    {
-      CProgress progress(ProgressLabel("checking", file, i, files.size()), options.progress);
-      findings = CheckSettingsText(text);
-    }
+    const std::vector<TFinding> findings = CheckSettingsText(text);
     anyFinding = anyFinding || !findings.empty();
     if (options.json) {
       json list = json::array();
