@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/misc.h"
+#include "support/TTodayDate.h"
 
 namespace DL {
 namespace {
@@ -169,11 +170,9 @@ bool Get_T365_T366(int term, int& t365, int& t366, bool countFirstDay, const TDa
 bool Get_T365_T366(int term, int& t365, int& t366, bool countFirstDay) {
   t365 = 0;
   t366 = 0;
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  if (now == static_cast<std::time_t>(-1) || localtime_r(&now, &local) == nullptr) return false;
-  return Get_T365_T366(term, t365, t366, countFirstDay,
-                       TDate{local.tm_mday, local.tm_mon + 1, local.tm_year + 1900});
+  const long today = Library::TTodayDate::Get();
+  if (today == 0) return false;
+  return Get_T365_T366(term, t365, t366, countFirstDay, ConvertLongToTDate(today));
 }
 
 namespace {

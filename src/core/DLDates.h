@@ -51,7 +51,7 @@ std::string TimeIntervalToStr(const TTimeInterval& interval);
 // "DD.MM.YYYY" into a tm at midnight; false if not readable.
 bool StrToTm(const std::string& text, std::tm& out);
 
-// Splits a term of days starting today into the days that fall in years of
+// Splits a term of days starting today (Library::TTodayDate) into the days that fall in years of
 // 365 days (t365) and in leap years (t366). With countFirstDay false the
 // first day does not count. False, with both 0, if today cannot be read.
 bool Get_T365_T366(int term, int& t365, int& t366, bool countFirstDay);

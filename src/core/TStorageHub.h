@@ -21,11 +21,13 @@
 #include "commission/TCacheOfCommScalesBoards.h"
 #include "commission/TCacheOfTariffPlans.h"
 #include "commission/TCacheOfTariffPlansWithCommRates.h"
+#include "commission/TMoexCurrencyCommission.h"
 #include "commission/TRepoCommRates.h"
 #include "commission/TVolumeBasedCommission.h"
 #include "commission/TypeAndRate.h"
 #include "cache/TCacheOfRestrictions.h"
 #include "core/TClassList.h"
+#include "core/TFirmCurrencyIdentity.h"
 #include "core/TGeneralSettings.h"
 #include "core/TPortRiskConfig.h"
 #include "core/TPortRiskSection.h"
@@ -802,6 +804,31 @@ class TStorageHub {
   TVolumeBasedCommissionSections m_globalVolumeComm;
   TVolumeBasedCommissionByOwner m_templateVolumeComm;
   TVolumeBasedCommissionByOwner m_clientVolumeComm;
+  // ---- Currency-market commission ----
+ public:
+  // The firm's tariff of the currency market, built on the first call over
+  // the firm's currency identity; the same object afterwards. The host
+  // prepares it with Init for each deal, so callers of one firm must be
+  // serialised.
+  TMoexCurrencyCommission& GetMoexCurrencyCommission();
+  // The firm's currency identity as the commission engine sees it, built
+  // with the first call of either.
+  const TFirmCurrencyIdentity& GetCurrencyIdentity();
+  // The board's tariff as it charges a sale: the board's own object, or, for
+  // a tariff that reads the side of the deal, a copy with the side 'S',
+  // made on the first sale of the board and kept.
+  const ABoardTariff* GetSellSideBoardTariff(std::string_view board);
+  // The repo term of a board code already in upper case (the table of
+  // General().GetRepoTerms() in a hash, built on the first call); false for
+  // a board without a term.
+  bool FindRepoTermOfUpperBoard(std::string_view upperBoard, int& days);
+
+ private:
+  std::unique_ptr<TFirmCurrencyIdentity> m_currencyIdentity;
+  std::unique_ptr<TMoexCurrencyCommission> m_moexCurrencyCommission;
+  TBoardTariffs m_sellSideTariffs;  // copies with side 'S', by board
+  using TRepoTermsByBoard = std::unordered_map<std::string, int, TBoardTariffs::THash, std::equal_to<>>;
+  std::optional<TRepoTermsByBoard> m_repoTermsByUpperBoard;  // board -> days
 };
 
 }  // namespace DL
