@@ -2,6 +2,7 @@
 #include "tools/cli/SettingsDiff.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <sstream>
 
@@ -61,6 +62,27 @@ TEST(SettingsDiffTest, AMissingFileIsExitTwo) {
   std::ostringstream out, err;
   EXPECT_EQ(zentdl::RunDiff(a, dir.Path("b.ini"), Quiet(), out, err), 2);
   EXPECT_EQ(err.str(), "zentdl: cannot read " + dir.Path("b.ini") + ": No such file or directory\n");
+}
+
+}  // namespace
+
+namespace {
+
+TEST(SettingsDiffJsonTest, EachSectionSaysHowItChangedWithItsKeys) {
+  ztest::TTempDir dir;
+  const std::string a = dir.Write("a.ini", "[General]\nUsePGO=0\n[clC1]\nMaxOrderQuantity_TQBR=1\n");
+  const std::string b = dir.Write("b.ini", "[General]\nUsePGO=1\n");
+  std::ostringstream out, err;
+  EXPECT_EQ(zentdl::RunDiff(a, b, {true, false}, out, err), 1);
+  const nlohmann::json j = nlohmann::json::parse(out.str());
+  ASSERT_EQ(j["sections"].size(), 2u);
+  EXPECT_EQ(j["sections"][0]["section"], "General");
+  EXPECT_EQ(j["sections"][0]["change"], "changed");
+  EXPECT_EQ(j["sections"][0]["keys"][0]["a"], "0");
+  EXPECT_EQ(j["sections"][0]["keys"][0]["b"], "1");
+  EXPECT_EQ(j["sections"][1]["section"], "clC1");
+  EXPECT_EQ(j["sections"][1]["change"], "removed");
+  EXPECT_TRUE(j["sections"][1]["keys"][0]["b"].is_null());
 }
 
 }  // namespace

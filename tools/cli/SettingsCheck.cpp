@@ -100,8 +100,8 @@ class TCatalogue {
       if (IsSameSettingsName(key, p)) return true;
     for (const std::string& p : m_prefixParams)
       if (key.size() > p.size() && StartsWithNoCase(key, p)) return true;
-    for (const std::string& p : m_markerParams)
-      if (keyUp.find(Upper(p)) != std::string::npos) return true;
+    for (const std::string& p : m_markerParamsUp)
+      if (keyUp.find(p) != std::string::npos) return true;
     if (group >= 0 && static_cast<std::size_t>(group) < TIniParser::supParamAndSectCodes_.size())
       for (const auto& row : TIniParser::supParamAndSectCodes_[static_cast<std::size_t>(group)])
         if (TIniParser::DoesKeyMatchSupportedParam(row, keyUp)) return true;
@@ -121,7 +121,7 @@ class TCatalogue {
   void AddParamName(const std::string& name) {
     if (name.empty()) return;
     if (name.front() == '_') {
-      m_markerParams.push_back(name);
+      m_markerParamsUp.push_back(Upper(name));
     } else if (name.back() == '_') {
       m_prefixParams.push_back(name);
     } else {
@@ -158,7 +158,7 @@ class TCatalogue {
   DL::SettingRules m_sectionRules;           // the section families of the canonical order
   std::vector<std::string> m_wholeParams;    // parameter names matched whole
   std::vector<std::string> m_prefixParams;   // "MaxOrderQuantity_": an item follows
-  std::vector<std::string> m_markerParams;   // "_DISC": joined to an item
+  std::vector<std::string> m_markerParamsUp; // "_DISC", upper-cased: joined to an item
   DL::SettingRules m_paramRules;             // parameter rules of the canonical order
   std::map<std::string, std::vector<TTypedParam>> m_typed;  // upper-case section -> typed parameters
 };
