@@ -17,6 +17,9 @@ command -v g++ >/dev/null || need+=(g++)
 [ -f /usr/include/sqlite3.h ] || need+=(libsqlite3-dev)
 [ -f /usr/include/openssl/evp.h ] || need+=(libssl-dev)
 command -v sqlite3 >/dev/null || need+=(sqlite3)
+# zentdl, the administrator's tool: CLI11 for its arguments, nlohmann-json for JSON.
+[ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
+[ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
 # The fuzz targets: clang with its libFuzzer and sanitizer runtimes.
 command -v clang++ >/dev/null || need+=(clang)
 compgen -G "/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a" >/dev/null || need+=(libclang-rt-14-dev)
