@@ -57,14 +57,6 @@ const TShapeRecord kShapeRecords[] = {
     {DL::EAdapterShape::SendTwoStrings_GetArrayStrings, "TDL_TwoStringsAndArray", &FieldsOf<TDL_TwoStringsAndArray>},
 };
 
-bool IsServed(std::string_view name) {
-#define ZDL_IMPLEMENTED(command) \
-  if (name == #command) return true;
-#include "api/Implemented.def"
-#undef ZDL_IMPLEMENTED
-  return false;
-}
-
 std::vector<TCommandInfo> Build() {
   std::vector<TCommandInfo> all;
   all.reserve(DL::kCommandCount + 5);
@@ -73,7 +65,7 @@ std::vector<TCommandInfo> Build() {
     info.name = std::string(row.name);
     info.verb = std::string(DL::VerbName(row.verb));
     info.scope = std::string(DL::ScopeName(row.scope));
-    info.served = IsServed(row.name);
+    info.served = row.handler != nullptr;
     if (row.shape == DL::EAdapterShape::OwnRecord) {
       info.record = std::string(row.record);
       info.servedBy = "own record " + info.record;

@@ -7,8 +7,8 @@
 
 #include "core/TInfoStorage.h"
 #include "core/TStorageHub.h"
-#include "core/misc.h"
-#include "core/ZDLErrors.h"
+#include "base/Numbers.h"
+#include "base/ResultCodes.h"
 #include "ini/TIniLogicParser.h"
 #include "ini/TIniParser.h"
 

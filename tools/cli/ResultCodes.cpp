@@ -1,6 +1,6 @@
 #include "tools/cli/ResultCodes.h"
 
-#include "core/ZDLErrors.h"
+#include "base/ResultCodes.h"
 
 namespace zentdl {
 

@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-#include "core/TClassList.h"
+#include "base/TClassList.h"
 #include "ini/IniSectCodes.h"
 #include "ini/SettingsText.h"
 #include "ini/TIniParser.h"
