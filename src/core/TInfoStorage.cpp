@@ -2,7 +2,9 @@
 
 #include "core/TStorageHub.h"
 #include "base/ResultCodes.h"
+#ifndef ZDL_NO_TYPED_STORE
 #include "settings/DeallerStorage.h"
+#endif
 
 namespace DL {
 
@@ -17,7 +19,9 @@ struct TInfoStorage::Impl {
 
 void TInfoStorage::pImplDeleter::operator()(Impl* impl) const {
   if (impl == nullptr) return;
+#ifndef ZDL_NO_TYPED_STORE
   delete impl->typed;
+#endif
   delete impl->hub;
   delete impl;
 }
@@ -26,12 +30,16 @@ TInfoStorage::Impl* TInfoStorage::BuildImpl(const char* ini_source_name, int ini
                                              bool buildTypedStore) {
   std::unique_ptr<Impl, pImplDeleter> impl(new Impl);
   impl->hub = new TStorageHub(ini_source_name, ini_source_type);
+#ifndef ZDL_NO_TYPED_STORE
   if (buildTypedStore) {
     if (ini_source_type == 2 && ini_source_name != nullptr)
       impl->typed = new DLTypes::Storage(DLTypes::Storage::FromText(ini_source_name));
     else
       impl->typed = new DLTypes::Storage(ini_source_type == 1 ? ini_source_name : nullptr, ini_source_type == 1);
   }
+#else
+  (void)buildTypedStore;
+#endif
   return impl.release();
 }
 
@@ -94,6 +102,7 @@ int TInfoStorage::GetCharParamFromGlobalSection(char& out, int sect, int num) co
 
 TStorageHub& TInfoStorage::Hub() const { return *m_impl->hub; }
 
+#ifndef ZDL_NO_TYPED_STORE
 const DLTypes::Storage* TInfoStorage::GetTypedStore() const { return m_impl->typed; }
 
 const DLTypes::MarginTemplate* TInfoStorage::GetMarginTemplate(const char* client, double leverage) const {
@@ -104,6 +113,7 @@ DLTypes::TSetsByName TInfoStorage::GetEffectiveSetOfInstrumentsByClient(const ch
   if (m_impl->typed == nullptr) return {};
   return m_impl->typed->GetEffectiveSetOfInstruments(client ? client : "", leverage);
 }
+#endif
 
 #define ZDL_OPERATION(name, qualifier, params, args) \
   int TInfoStorage::name params qualifier { return m_impl->hub->name args; }

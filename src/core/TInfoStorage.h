@@ -14,7 +14,12 @@
 #include "commission/TypeAndRate.h"
 #include "base/TradingTypes.h"
 #include "core/TGeneralSettings.h"
+// The typed store takes floating-point template arguments, which the clang of
+// the fuzz build cannot compile yet; that build alone defines
+// ZDL_NO_TYPED_STORE and goes without it.
+#ifndef ZDL_NO_TYPED_STORE
 #include "settings/TypedSections.h"
+#endif
 
 class TLogWriter;
 namespace DLTypes {
@@ -172,6 +177,7 @@ class TInfoStorage {
                                 const char* currency) const;
   // The main code of a replaceable security, else the code itself.
   std::string GetMainSec(const char* classCode, const char* secCode) const;
+#ifndef ZDL_NO_TYPED_STORE
   // The typed store (sets of instruments, margin templates); null when the
   // storage was built without it.
   const DLTypes::Storage* GetTypedStore() const;
@@ -182,6 +188,7 @@ class TInfoStorage {
   // its template's, or the global ones when "UseSetsForNonTemplateClients"
   // is set; empty without the typed store.
   DLTypes::TSetsByName GetEffectiveSetOfInstrumentsByClient(const char* client, double leverage) const;
+#endif
 
   TStorageHub& Hub() const;
 
