@@ -242,6 +242,8 @@ TEST(StressTest, SixteenClientsOnFourLibrariesLeaveCanonicalLibrariesAndAnExactA
     EXPECT_EQ(hosttest::ReadFile(host->path(LibraryFile(i))), lastText[i]) << LibraryName(i);
   }
   EXPECT_EQ(host->Stop(), 0) << host->output();
+  // In a ThreadSanitizer build the host reports races on its standard error.
+  EXPECT_EQ(host->output().find("ThreadSanitizer"), std::string::npos) << host->output();
 }
 
 }  // namespace
