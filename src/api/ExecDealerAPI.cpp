@@ -1,5 +1,6 @@
 #include "api/ExecDealerAPI.h"
 
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -25,7 +26,12 @@ int SettingsResult(int n) { return n == 0 ? ZDA_OK : n + ZDA_SETTINGS_BASE; }
 bool ReadLibrary(const std::string& path, std::string* text) {
   std::ifstream in(path, std::ios::binary);
   if (!in) return false;
-  text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  try {
+    text->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  } catch (const std::ios_base::failure&) {
+    // A folder opens as a stream here and fails at its first read: no library.
+    return false;
+  }
   return true;
 }
 
@@ -158,8 +164,17 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     const std::string temporary = path + ".temp";
     {
       std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-      out.write(text.data(), static_cast<std::streamsize>(text.size()));
-      if (!out) return ZDA_UPDATE_FAILED;
+      if (out) out.write(text.data(), static_cast<std::streamsize>(text.size()));
+      // The stream buffers: only the close tells whether the bytes reached the
+      // file (a full disk shows here). A temporary file that is not whole must
+      // never be moved over the library.
+      if (out.is_open()) out.close();
+      if (!out) {
+        const int cause = errno;
+        Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
+                             port, record.firmCode.c_str(), cause);
+        return ZDA_UPDATE_FAILED;
+      }
     }
     if (!MoveFileEx(temporary.c_str(), path.c_str(), kReplaceLibrary)) {
       Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
