@@ -2,6 +2,7 @@
 
 #include <strings.h>
 
+#include <utility>
 #include <vector>
 
 #include "api/AdapterRecords.h"
@@ -66,23 +67,73 @@ std::mutex& TLibraryGate::LibraryMutex(const std::string& library) {
   return *slot;
 }
 
+void TLibraryGate::EnterShared() {
+  std::unique_lock<std::mutex> lock(m_stateMutex);
+  m_changed.wait(lock, [this] { return !m_alone && m_waitingAlone == 0; });
+  ++m_sharers;
+}
+
+void TLibraryGate::LeaveShared() {
+  std::lock_guard<std::mutex> lock(m_stateMutex);
+  if (--m_sharers == 0) m_changed.notify_all();
+}
+
+void TLibraryGate::EnterAlone() {
+  std::unique_lock<std::mutex> lock(m_stateMutex);
+  ++m_waitingAlone;
+  m_changed.wait(lock, [this] { return !m_alone && m_sharers == 0; });
+  --m_waitingAlone;
+  m_alone = true;
+}
+
+void TLibraryGate::LeaveAlone() {
+  std::lock_guard<std::mutex> lock(m_stateMutex);
+  m_alone = false;
+  m_changed.notify_all();
+}
+
 TLibraryGate::TPass TLibraryGate::Enter(const TGateKey& key) {
   TPass pass;
+  pass.m_gate = this;
+  pass.m_mode = key.mode;
   switch (key.mode) {
     case EGateMode::kExclusive:
-      pass.m_alone = std::unique_lock<std::shared_mutex>(m_module);
+      EnterAlone();
       break;
     case EGateMode::kShared:
-      pass.m_shared = std::shared_lock<std::shared_mutex>(m_module);
+      EnterShared();
       break;
     case EGateMode::kLibrary:
       // The library first: a thread waiting for a busy library holds no share
-      // that would keep an exclusive request waiting.
-      pass.m_library = std::unique_lock<std::mutex>(LibraryMutex(key.library));
-      pass.m_shared = std::shared_lock<std::shared_mutex>(m_module);
+      // that would keep a request waiting to be alone.
+      pass.m_library = &LibraryMutex(key.library);
+      pass.m_library->lock();
+      EnterShared();
       break;
   }
   return pass;
+}
+
+TLibraryGate::TPass& TLibraryGate::TPass::operator=(TPass&& other) noexcept {
+  if (this != &other) {
+    Leave();
+    m_gate = std::exchange(other.m_gate, nullptr);
+    m_mode = other.m_mode;
+    m_library = std::exchange(other.m_library, nullptr);
+  }
+  return *this;
+}
+
+void TLibraryGate::TPass::Leave() {
+  if (m_gate == nullptr) return;
+  if (m_mode == EGateMode::kExclusive) {
+    m_gate->LeaveAlone();
+  } else {
+    m_gate->LeaveShared();
+  }
+  if (m_library != nullptr) m_library->unlock();
+  m_gate = nullptr;
+  m_library = nullptr;
 }
 
 }  // namespace ZentHost

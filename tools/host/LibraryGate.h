@@ -18,10 +18,10 @@
 //
 // A library and its ".soft" twin are one library here: both names lead to
 // the same file.
+#include <condition_variable>
 #include <map>
 #include <memory>
 #include <mutex>
-#include <shared_mutex>
 #include <string>
 
 class CAlert;
@@ -48,23 +48,40 @@ class TLibraryGate {
   class TPass {
    public:
     TPass() = default;
-    TPass(TPass&&) = default;
-    TPass& operator=(TPass&&) = default;
+    TPass(TPass&& other) noexcept { *this = std::move(other); }
+    TPass& operator=(TPass&& other) noexcept;
+    ~TPass() { Leave(); }
+    TPass(const TPass&) = delete;
+    TPass& operator=(const TPass&) = delete;
 
    private:
     friend class TLibraryGate;
-    std::shared_lock<std::shared_mutex> m_shared;
-    std::unique_lock<std::shared_mutex> m_alone;
-    std::unique_lock<std::mutex> m_library;
+    void Leave();
+
+    TLibraryGate* m_gate = nullptr;
+    EGateMode m_mode = EGateMode::kShared;
+    std::mutex* m_library = nullptr;
   };
 
   TPass Enter(const TGateKey& key);
 
  private:
   std::mutex& LibraryMutex(const std::string& library);
+  void EnterShared();
+  void LeaveShared();
+  void EnterAlone();
+  void LeaveAlone();
 
-  std::shared_mutex m_module;  // shared for library and shared requests, exclusive for the rest
-  std::mutex m_mapMutex;       // guards m_libraries
+  // The module as a whole: shared by library and shared requests, taken alone
+  // by the rest. A request that waits to be alone keeps new sharers out, so a
+  // steady stream of commands cannot starve it.
+  std::mutex m_stateMutex;
+  std::condition_variable m_changed;
+  int m_sharers = 0;
+  int m_waitingAlone = 0;
+  bool m_alone = false;
+
+  std::mutex m_mapMutex;                                           // guards m_libraries
   std::map<std::string, std::unique_ptr<std::mutex>> m_libraries;  // never shrinks
 };
 
