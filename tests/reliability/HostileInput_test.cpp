@@ -108,8 +108,18 @@ void RandomMessage(std::mt19937& rng, CAlert& m, int depth) {
 TEST_F(HostileInputTest, RandomFramesAndRandomMessagesToEveryVerbLeaveTheHostServing) {
   const long frames = EnvNumber("ZDL_RANDOM_FRAMES", SanitizedBuild() ? 2000 : 20000);
   std::mt19937 rng(21);
-  auto c = LogOn(host_->port(), "admin");
   long replies = 0, errors = 0;
+  {
+    // Before log-on: every frame is refused, none reaches the module.
+    auto stranger = Connect();
+    for (long i = 0; i < frames / 10; ++i) {
+      auto bytes = RandomBytes(rng, rng() % 200);
+      stranger->SendFrame(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+      TWireReply r = stranger->ReadReply();
+      EXPECT_TRUE(r.status == kWireNotAMessage || r.status == kWireNotLoggedOn) << r.status;
+    }
+  }
+  auto c = LogOn(host_->port(), "admin");
   const char* verbs[] = {"Init", "GetDLList", "GetDLFile", "SaveDLFile", "ZDealerAPI", "Logon", "Nonsense"};
   const char* commands[] = {"DLOpenFile", "DLUpdateFile", "DLCloseFile", "DLGetFirmList", "DLGetClassList",
                             "GetUsePGOFromGlobal", "SetUsePGOToGlobal", "Unknown"};
@@ -133,8 +143,9 @@ TEST_F(HostileInputTest, RandomFramesAndRandomMessagesToEveryVerbLeaveTheHostSer
     ++replies;
     if (r.status != kWireOk) ++errors;
   }
-  std::printf("[ hostile  ] %ld random frames and messages: %ld replies, %ld error replies\n", frames, replies,
-              errors);
+  std::printf("[ hostile  ] %ld random frames before log-on refused; %ld random frames and messages after it: "
+              "%ld replies, %ld error replies\n",
+              frames / 10, frames, replies, errors);
   EXPECT_EQ(replies, frames);
   ExpectServed();
 }
