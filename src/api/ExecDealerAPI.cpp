@@ -172,11 +172,11 @@ int CExecDealerAPI::ZA_DLUpdateFile(std::vector<unsigned char>& data, tagDL_work
     (void)ZDL_FreeMemory(record.firmCode.c_str(), &given);
 
     const CLibraryHolds::EReplace replaced = CLibraryHolds::Replace(path, text);
-    if (replaced == CLibraryHolds::EReplace::NotWritten) return ZDA_UPDATE_FAILED;
-    if (replaced == CLibraryHolds::EReplace::NotMoved) {
+    if (replaced != CLibraryHolds::EReplace::Done) {
+      // Not written (a full disk shows here) or not moved: the library is as it was.
       Library::Host::Event(0, "User[%d], call ZA_DLUpdateFile for port[%d], error save library [%s][%d].", user,
                            port, record.firmCode.c_str(), static_cast<int>(GetLastError()));
-      return ZDA_UPDATE_FAILED;  // the temporary file stays behind
+      return ZDA_UPDATE_FAILED;  // a temporary file that was not moved stays behind
     }
     std::vector<std::string>& lines = m_DEALLIB_PACKET_CHANGE_map[record.firmCode];
     const std::string count = std::to_string(lines.size());

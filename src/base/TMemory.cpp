@@ -1,5 +1,7 @@
 #include "base/TMemory.h"
 
+#include <memory>
+
 #include "base/ResultCodes.h"
 
 namespace {
@@ -25,9 +27,10 @@ TMemory::~TMemory() {
 }
 
 char* TMemory::ConstructString(size_t size) {
-  char* s = new char[size]();
-  AddMemory(s, MEM_STRING);
-  return s;
+  // Owned here until registered: a failed registration leaks nothing.
+  std::unique_ptr<char[]> s(new char[size]());
+  AddMemory(s.get(), MEM_STRING);
+  return s.release();
 }
 
 void TMemory::AddMemory(void* p, EMEM_TYPE kind) {

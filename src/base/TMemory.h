@@ -5,6 +5,7 @@
 // firm is finished (the destructor releases what is left).
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <type_traits>
 
 #include "base/ApiRecords.h"
@@ -37,11 +38,14 @@ class TMemory {
   template <class Array>
   Array* ConstructArray(size_t count) {
     using Item = std::remove_pointer_t<decltype(Array::items)>;
-    Array* a = new Array;
+    // Owned here until registered: an allocation that fails on the way leaks nothing.
+    std::unique_ptr<Array> a(new Array);
+    std::unique_ptr<Item[]> items(count == 0 ? nullptr : new Item[count]());
     a->count = count;
-    a->items = count == 0 ? nullptr : new Item[count]();
-    AddMemory(a, KindOf<Array>::value);
-    return a;
+    a->items = items.get();
+    AddMemory(a.get(), KindOf<Array>::value);
+    items.release();
+    return a.release();
   }
 
   // Registers a block under its kind; a null block is ignored.

@@ -69,7 +69,13 @@ bool TAuditDatabase::Open(const std::string& path, std::string& error) {
   }
   sqlite3_busy_timeout(m_db, 5000);
   std::string what;
-  bool ok = Exec("PRAGMA journal_mode=WAL", what) && Exec(CreateTableSql().c_str(), what);
+  // A trail that cannot be written is no trail: refused here rather than at the first record.
+  bool ok = true;
+  if (sqlite3_db_readonly(m_db, "main") == 1) {
+    what = "the audit database is read-only";
+    ok = false;
+  }
+  ok = ok && Exec("PRAGMA journal_mode=WAL", what) && Exec(CreateTableSql().c_str(), what);
   if (ok && sqlite3_prepare_v2(m_db, InsertSql().c_str(), -1, &m_insert, nullptr) != SQLITE_OK) {
     what = sqlite3_errmsg(m_db);
     ok = false;

@@ -233,7 +233,11 @@ void THostServer::Serve(int fd, const std::string& peer) {
     if (!HandleRequest(s, verb, request)) break;
   }
   if (s.loggedOn) {
-    int rc = m_module.Reset(s.user, s.port);
+    int rc = 0;
+    {
+      TLibraryGate::TPass pass = m_gate.Enter(TGateKey{});
+      rc = m_module.Reset(s.user, s.port);
+    }
     Log("user[" + s.name + "] id[" + std::to_string(s.user) + "] port[" + std::to_string(s.port) +
         "] disconnected; Reset returned " + std::to_string(rc));
   }
@@ -304,6 +308,7 @@ bool THostServer::HandleRequest(TSession& s, const std::string& verb, CAlert& re
   message.set_begin();
   int result = 0;
   try {
+    TLibraryGate::TPass pass = m_gate.Enter(ClassifyRequest(verb, message));
     result = m_module.Execute(verb, message, s.user, s.port, s.name);
   } catch (const CAlertException& e) {
     Log(who + ": \"" + verb + "\" raised CAlertException: " + e.what());

@@ -15,6 +15,7 @@
 
 #include "DealerModule.h"
 #include "HostConfig.h"
+#include "LibraryGate.h"
 #include "LogonGuard.h"
 #include "SecretHash.h"
 #include "UsersFile.h"
@@ -58,6 +59,7 @@ class THostServer {
   const TDealerModule& m_module;
   const TUsersFile& m_users;
   TLogonGuard m_guard;
+  TLibraryGate m_gate;  // one thread per library inside the module, see LibraryGate.h
   TSecretHash m_decoy;  // verified against when the user name is unknown, so both cases cost the same
 
   int m_listenFd = -1;

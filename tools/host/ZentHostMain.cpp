@@ -107,13 +107,24 @@ int Serve(const std::string& configPath, const std::string& portFile) {
   ::setenv("PWD", home.c_str(), 1);
   const std::string dbPath = home + "/modules/libdbzent.so";
   void* db = dlopen(dbPath.c_str(), RTLD_NOW);
-  if (db == nullptr) return Fail(dlerror());
+  if (db == nullptr) {
+    // Without it the host knows no user's kind and keeps no audit trail: it does not serve.
+    const char* text = dlerror();
+    const std::string why = text != nullptr ? text : dbPath + ": cannot be loaded";
+    HostEvent(0, "zent-host: the database module " + dbPath + " cannot be loaded: " + why);
+    CloseHostLog();
+    return Fail(why);
+  }
   auto dbOpen = reinterpret_cast<DbZentOpenFn>(dlsym(db, "dbzent_Open"));
   auto dbClose = reinterpret_cast<DbZentCloseFn>(dlsym(db, "dbzent_Close"));
   if (dbOpen == nullptr || dbClose == nullptr) return Fail(dbPath + " is not zent-host's database module");
   TDbZentSettings settings{config.users, config.auditDatabase, config.classList, {}};
   for (const TPortConfig& p : config.ports) settings.audit[p.port] = p.audit;
-  if (dbOpen(settings, error) != 1) return Fail("database module: " + error);
+  if (dbOpen(settings, error) != 1) {
+    HostEvent(0, "zent-host: the database module refused to open: " + error);
+    CloseHostLog();
+    return Fail("database module: " + error);
+  }
 
   TDealerModule module;
   if (!module.Load(modulePath, error)) return Fail(error);
