@@ -1,5 +1,6 @@
 #include "api/ZDLArrays.h"
 
+#include <algorithm>
 #include <cstring>
 
 void New_ZDL_ArrayStrings(ZDL_ArrayStrings& out, const std::vector<std::string>& in) {
@@ -26,6 +27,18 @@ void New_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& out, const std::vector<int>& i
 }
 
 void Free_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& a) {
+  delete[] a.items;
+  a.items = nullptr;
+  a.count = 0;
+}
+
+void New_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& out, const std::vector<double>& in) {
+  out.count = in.size();
+  out.items = new double[in.size()];
+  std::copy(in.begin(), in.end(), out.items);
+}
+
+void Free_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& a) {
   delete[] a.items;
   a.items = nullptr;
   a.count = 0;

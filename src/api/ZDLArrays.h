@@ -14,3 +14,6 @@ void Free_ZDL_ArrayStrings(ZDL_ArrayStrings& a);
 
 void New_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& out, const std::vector<int>& in);
 void Free_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& a);
+
+void New_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& out, const std::vector<double>& in);
+void Free_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& a);

@@ -20,3 +20,16 @@ struct ZDL_ArrayDoubleNumbers {
   uint64_t count;
   double* items;
 };
+
+// Three coefficients of a discount, passed and returned by value.
+struct ZDL_BaseDiscCoeff {
+  double coeff1;
+  double coeff2;
+  double coeff3;
+};
+
+// Two numbers of the volatility change scenarios, passed and returned by value.
+struct ZDL_VolatilityChangeScenarios {
+  double value1;
+  double value2;
+};
