@@ -429,4 +429,40 @@ TEST_F(ShapeTableTest, EmptyFunctionThrows) {
   EXPECT_TRUE(changes_.empty());
 }
 
+TEST_F(ShapeTableTest, EveryCutOfEveryRequestDecodesWithoutHarm) {
+  // A block cut short anywhere decodes to what it still carries (or to
+  // defaults); the call goes out and nothing breaks.
+  for (const TCase& c : Cases()) {
+    SCOPED_TRACE(TestShapeName(c.shape));
+    const TestWire::Bytes whole = c.request.Block();
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+      std::vector<unsigned char> data(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+      changes_.clear();
+      EXPECT_EQ(Run(c.shape, data), 0);
+      EXPECT_TRUE(fake_.handedOut.empty());
+    }
+  }
+}
+
+TEST_F(ShapeTableTest, AListClaimingAHugeCountInAShortBlockGivesNoList) {
+  // "lsStrings" says 1073741823 elements but the block ends right after.
+  TestWire::Bytes data = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01, 0x04};
+  const char name[] = "lsStrings";
+  data.insert(data.end(), name, name + sizeof name);
+  data.push_back(0x03);
+  TestWire::Compact(data, 0x3FFFFFFF);
+  ASSERT_EQ(Run(EAdapterShape::SendStringAndArrayStrings, data), 0);
+  EXPECT_EQ(fake_.Call(), "|null");
+  ASSERT_EQ(changes_.size(), 1u);
+  EXPECT_EQ(changes_[0].second, "Cmd,main,,0NULL");
+}
+
+TEST_F(ShapeTableTest, FieldsOfTheWrongTypeReadAsDefaultsOrTheirLowBytes) {
+  // "intParam1" sent as a string and "firmCode" sent as an int.
+  std::vector<unsigned char> data = R().Set("firmCode", 5).Set("intParam1", std::string("7")).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendOneStringAndInt, data), 0);
+  ASSERT_EQ(fake_.call.size(), 2u);
+  EXPECT_EQ(fake_.call[1], "i55");  // the two bytes "7\0" land in the low bytes of 0
+}
+
 }  // namespace
