@@ -61,3 +61,10 @@ ZDL_DECLARE_RECORD(TDL_ThreeStringsAndArray, (std::string, firmCode), (std::stri
 ZDL_DECLARE_RECORD(TDL_StringAndArrayInt, (std::string, firmCode), (std::vector<int>, lsInts));
 
 ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayDouble, (std::string, firmCode), (std::string, strParam), (std::vector<double>, lsDoubles));
+
+// An element of a list of code pairs.
+ZDL_DECLARE_RECORD(TDL_StringsPair, (std::string, str1), (std::string, str2));
+
+ZDL_DECLARE_RECORD(TDL_StringAndArrayOfPairs, (std::string, firmCode), (std::vector<TDL_StringsPair>, lsPairs));
+
+ZDL_DECLARE_RECORD(TDL_StringWithIntAndArrayOfPairs, (std::string, firmCode), (int, intParam1), (std::vector<TDL_StringsPair>, lsPairs));

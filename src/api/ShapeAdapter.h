@@ -112,6 +112,7 @@ std::string ListText(const std::vector<Item>& list) {
   std::vector<std::string> items;
   for (const Item& item : list) {
     if constexpr (std::is_same_v<Item, std::string>) items.push_back(item);
+    else if constexpr (std::is_same_v<Item, TDL_StringsPair>) items.push_back(item.str1 + ":" + item.str2);
     else if constexpr (std::is_same_v<Item, double>) items.push_back(NumberText(item));
     else items.push_back(std::to_string(item));
   }
@@ -136,6 +137,21 @@ struct Strings {
 template <auto Member>
 struct Doubles {
   using Holder = TBuiltArray<ZDL_ArrayDoubleNumbers, double, &New_ZDL_ArrayDoubleNumbers, &Free_ZDL_ArrayDoubleNumbers>;
+  template <class R>
+  static Holder Bind(R& r) {
+    return Holder(r.*Member);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
+// A list of code pairs, passed as ZDL_ArrayCodeToCodeTrdaccToTrdacc* (null when empty).
+template <auto Member>
+struct Pairs {
+  using Holder = TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_StringsPair,
+                             &New_ZDL_ArrayCodeToCodeTrdaccToTrdacc, &Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc>;
   template <class R>
   static Holder Bind(R& r) {
     return Holder(r.*Member);
@@ -211,6 +227,9 @@ struct OutArray {
         if constexpr (std::is_same_v<Array, ZDL_ArrayStrings>) {
           const char* item = array->items[i];
           list.emplace_back(item != nullptr ? item : "");
+        } else if constexpr (std::is_same_v<decltype(array->items), ZDL_StringToString*>) {
+          const ZDL_StringToString& pair = array->items[i];
+          list.push_back({pair.str1 != nullptr ? pair.str1 : "", pair.str2 != nullptr ? pair.str2 : ""});
         } else {
           list.push_back(array->items[i]);
         }

@@ -16,6 +16,7 @@ std::string WireType() {
   else if constexpr (std::is_same_v<F, std::vector<std::string>>) return "list of strings";
   else if constexpr (std::is_same_v<F, std::vector<int>>) return "list of int";
   else if constexpr (std::is_same_v<F, std::vector<double>>) return "list of double";
+  else if constexpr (std::is_same_v<F, std::vector<TDL_StringsPair>>) return "list of TDL_StringsPair (`str1` string; `str2` string)";
   else static_assert(!std::is_same_v<F, F>, "a generic record holds no other field type");
 }
 

@@ -48,6 +48,8 @@ using S3A = TDL_ThreeStringsAndArray;
 using S3IA = TDL_ThreeStringsAndIntAndArrayStrings;
 using SAI = TDL_StringAndArrayInt;
 using S2AD = TDL_TwoStringsAndArrayDouble;
+using SAP = TDL_StringAndArrayOfPairs;
+using SIAP = TDL_StringWithIntAndArrayOfPairs;
 }  // namespace ShapeRows
 
 // clang-format off
@@ -77,6 +79,7 @@ ZDL_SHAPE_DECLARE(SendTwoStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::S2A
 ZDL_SHAPE_DECLARE(SendThreeStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::S3A, Shape::LineArguments, Shape::Str<&ShapeRows::S3A::firmCode>, Shape::Str<&ShapeRows::S3A::strParam1>, Shape::Str<&ShapeRows::S3A::strParam2>, Shape::Strings<&ShapeRows::S3A::lsStrings>>)
 ZDL_SHAPE_DECLARE(SendThreeStringsAndIntWithArrayStrings, ShapeRows::TSend<ShapeRows::S3IA, Shape::LineArguments, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>, Shape::Strings<&ShapeRows::S3IA::lsStrings>>)
 ZDL_SHAPE_DECLARE(SendOneStringAndIntWithTwoStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::S3IA, Shape::LineArguments, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>, Shape::Strings<&ShapeRows::S3IA::lsStrings>>)
+ZDL_SHAPE_DECLARE(SendStringAndArrayOfPairOfStrings, ShapeRows::TSend<ShapeRows::SAP, Shape::LineArguments, Shape::Str<&ShapeRows::SAP::firmCode>, Shape::Pairs<&ShapeRows::SAP::lsPairs>>)
 
 // ---- Shapes that read ----
 ZDL_SHAPE_DECLARE(SendOneString_GetString, ShapeRows::TRead<ShapeRows::S2, Shape::OutStr<&ShapeRows::S2::strParam>, Shape::Str<&ShapeRows::S2::firmCode>>)
@@ -101,6 +104,8 @@ ZDL_SHAPE_DECLARE(SendString_GetArrayStrings, ShapeRows::TRead<ShapeRows::SA, Sh
 ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayStrings, ShapeRows::TRead<ShapeRows::S2A, Shape::OutStrings<&ShapeRows::S2A::lsStrings>, Shape::Str<&ShapeRows::S2A::firmCode>, Shape::Str<&ShapeRows::S2A::strParam>>)
 ZDL_SHAPE_DECLARE(SendThreeStrings_GetArrayStrings, ShapeRows::TRead<ShapeRows::S3A, Shape::OutStrings<&ShapeRows::S3A::lsStrings>, Shape::Str<&ShapeRows::S3A::firmCode>, Shape::Str<&ShapeRows::S3A::strParam1>, Shape::Str<&ShapeRows::S3A::strParam2>>)
 ZDL_SHAPE_DECLARE(SendThreeStringsWithInt_GetArrayStrings, ShapeRows::TRead<ShapeRows::S3IA, Shape::OutStrings<&ShapeRows::S3IA::lsStrings>, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>>)
+ZDL_SHAPE_DECLARE(SendString_GetArrayOfPairOfStrings, ShapeRows::TRead<ShapeRows::SAP, Shape::OutArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, &ShapeRows::SAP::lsPairs>, Shape::Str<&ShapeRows::SAP::firmCode>>)
+ZDL_SHAPE_DECLARE(SendStringWithInt_GetArrayOfStringToString, ShapeRows::TRead<ShapeRows::SIAP, Shape::OutArray<ZDL_ArrayStringToString, &ShapeRows::SIAP::lsPairs>, Shape::Str<&ShapeRows::SIAP::firmCode>, Shape::Val<&ShapeRows::SIAP::intParam1>>)
 // clang-format on
 
 #undef ZDL_SHAPE_DECLARE

@@ -43,3 +43,32 @@ void Free_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& a) {
   a.items = nullptr;
   a.count = 0;
 }
+
+namespace {
+char* CopyText(const std::string& text) {
+  char* s = new char[text.size() + 1];
+  std::memcpy(s, text.c_str(), text.size() + 1);
+  return s;
+}
+}  // namespace
+
+void New_ZDL_ArrayCodeToCodeTrdaccToTrdacc(ZDL_ArrayCodeToCodeTrdaccToTrdacc& out,
+                                           const std::vector<TDL_StringsPair>& in) {
+  out.count = in.size();
+  out.items = new ZDL_StringToString[in.size()]();
+  for (size_t i = 0; i < in.size(); ++i) {
+    out.items[i].str1 = CopyText(in[i].str1);
+    out.items[i].str2 = CopyText(in[i].str2);
+  }
+}
+
+void Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc(ZDL_ArrayCodeToCodeTrdaccToTrdacc& a) {
+  if (a.items != nullptr)
+    for (uint64_t i = 0; i < a.count; ++i) {
+      delete[] a.items[i].str1;
+      delete[] a.items[i].str2;
+    }
+  delete[] a.items;
+  a.items = nullptr;
+  a.count = 0;
+}

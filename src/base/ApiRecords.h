@@ -33,3 +33,21 @@ struct ZDL_VolatilityChangeScenarios {
   double value1;
   double value2;
 };
+
+// A pair of codes, each string in a block of its own (array new).
+struct ZDL_StringToString {
+  char* str1;
+  char* str2;
+};
+
+// Pairs of codes: a code and the code it maps to.
+struct ZDL_ArrayStringToString {
+  uint64_t count;
+  ZDL_StringToString* items;
+};
+
+// Pairs of client code and trade account (or of two codes of one kind).
+struct ZDL_ArrayCodeToCodeTrdaccToTrdacc {
+  uint64_t count;
+  ZDL_StringToString* items;
+};

@@ -117,6 +117,31 @@ struct TFakeSettings {
         else text += Num(a->items[i]);
       }
       call.push_back(text + "]");
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayCodeToCodeTrdaccToTrdacc*>) {
+      if (a == nullptr) {
+        call.push_back("null");
+        return;
+      }
+      std::string text = "[";
+      for (uint64_t i = 0; i < a->count; ++i)
+        text += (i != 0 ? "," : "") + std::string(a->items[i].str1) + ":" + a->items[i].str2;
+      call.push_back(text + "]");
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayCodeToCodeTrdaccToTrdacc**> ||
+                         std::is_same_v<A, ZDL_ArrayStringToString**>) {
+      call.push_back("&ap");
+      using Array = std::remove_pointer_t<std::remove_pointer_t<A>>;
+      auto* r = new Array{2, new ZDL_StringToString[2]};
+      r->items[0] = {new char[2]{'P', 0}, new char[2]{'Q', 0}};
+      r->items[1] = {new char[2]{'R', 0}, new char[1]{0}};
+      handedOut[r] = [r] {
+        for (int i = 0; i < 2; ++i) {
+          delete[] r->items[i].str1;
+          delete[] r->items[i].str2;
+        }
+        delete[] r->items;
+        delete r;
+      };
+      *a = r;
     } else if constexpr (std::is_same_v<A, char**>) {
       call.push_back("&s");
       *a = NewText("OUT");
@@ -251,6 +276,9 @@ std::vector<TCase> Cases() {
                "Cmd,main,\"7\",\"A\",\"B\",2[x,y]", R()});
   c.push_back({E::SendOneStringAndIntWithTwoStringsAndArrayStrings, s3ia().Set("lsStrings", xy), "F1|i7|A|B|[x,y]",
                "Cmd,main,\"7\",\"A\",\"B\",2[x,y]", R()});
+  c.push_back({E::SendStringAndArrayOfPairOfStrings,
+               f().Set("lsPairs", TestWire::Pairs{{"C1", "T1"}, {"C2", ""}}), "F1|[C1:T1,C2:]",
+               "Cmd,main,2[C1:T1,C2:]", R()});
   // Shapes that read.
   c.push_back({E::SendOneString_GetString, f(), "F1|&s", "", R().Set("strParam", q("OUT"))});
   c.push_back({E::SendTwoStrings_GetString, f().Set("strParam1", q("A")), "F1|A|&s", "",
@@ -285,6 +313,10 @@ std::vector<TCase> Cases() {
                "F1|A|B|&as", "", R().Set("lsStrings", Strings{"X", "Y"})});
   c.push_back({E::SendThreeStringsWithInt_GetArrayStrings, s3ia(), "F1|i7|A|B|&as", "",
                R().Set("lsStrings", Strings{"X", "Y"})});
+  const TestWire::Pairs pq = {{"P", "Q"}, {"R", ""}};
+  c.push_back({E::SendString_GetArrayOfPairOfStrings, f(), "F1|&ap", "", R().Set("lsPairs", pq)});
+  c.push_back({E::SendStringWithInt_GetArrayOfStringToString, f().Set("intParam1", 7), "F1|i7|&ap", "",
+               R().Set("lsPairs", pq)});
   return c;
 }
 
@@ -295,16 +327,16 @@ const std::set<std::string> kNotBuilt = {
     "SendStringAndArrayOfStringListToClass", "SendStringAndArrayOfStringListToSec", "SendTwoStringAndStringListToTag",
     "SendTwoStringAndArrayOfStringListToClass", "SendTwoStringAndArrayOfStringListToSec",
     "SendTwoStringAndStringListToCurrency", "SendStringAndArrayIntForString", "SendTwoStringsAndArrayIntForString",
-    "SendStringAndArrayOfPairOfStrings", "SendTwoStringsAndArrayCurrencyWithDiscount",
+    "SendTwoStringsAndArrayCurrencyWithDiscount",
     "SendThreeStringsAndArrayCurrencyWithDiscount", "SendStringAndArrayIntForStringForString",
     "SendTwoStringsAndArrayIntForStringForString", "SendStringAndIntWithArrayOfTwoStringsAndArrayStrings",
-    "SendString_GetDerivativesBaseAssetsList", "SendStringWithInt_GetArrayOfStringToString",
+    "SendString_GetDerivativesBaseAssetsList", 
     "SendStringWithInt_GetClassToSettleCodeList", "GetChangeFutClientCodesByFirmFromGlobalEx",
     "SendString_GetClassListForCurrency", "SendString_GetStringListToTag", "SendString_GetArrayOfStringListToClass",
     "SendString_GetArrayOfStringListToSec", "SendTwoStrings_GetStringListToTag",
     "SendTwoStrings_GetArrayOfStringListToClass", "SendTwoStrings_GetArrayOfStringListToSec",
     "SendTwoStrings_GetStringListToCurrency", "SendString_GetArrayIntForString", "SendTwoStrings_GetArrayIntForString",
-    "SendString_GetArrayOfPairOfStrings", "SendTwoStrings_GetArrayCurrencyWithDiscount",
+    "SendTwoStrings_GetArrayCurrencyWithDiscount",
     "SendThreeStrings_GetArrayCurrencyWithDiscount", "SendString_GetArrayIntForStringForString",
     "SendTwoStrings_GetArrayIntForStringForString", "SendStringWithInt_GetArrayOfTwoStringsAndArrayStrings",
     "SendStringWithInt_GetClassToSettleCodeToSecList"};

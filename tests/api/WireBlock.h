@@ -7,6 +7,7 @@
 #include <cstring>
 #include <map>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -55,8 +56,10 @@ Bytes RawBytes(const T& v) {
   return b;
 }
 
+using Pairs = std::vector<std::pair<std::string, std::string>>;  // records of "str1", "str2"
+
 using Field = std::variant<std::string, int, bool, double, std::vector<std::string>, std::vector<int>,
-                           std::vector<double>>;
+                           std::vector<double>, Pairs>;
 
 // The fields of one record by name; the block lists them sorted by name, and
 // an empty list is left out.
@@ -93,6 +96,7 @@ class Record {
     if (auto* l = std::get_if<std::vector<std::string>>(&f)) return !l->empty();
     if (auto* l = std::get_if<std::vector<int>>(&f)) return !l->empty();
     if (auto* l = std::get_if<std::vector<double>>(&f)) return !l->empty();
+    if (auto* l = std::get_if<Pairs>(&f)) return !l->empty();
     return true;
   }
 
@@ -130,6 +134,17 @@ class Record {
       PodList(out, *li);
     } else if (auto* ld = std::get_if<std::vector<double>>(&f)) {
       PodList(out, *ld);
+    } else if (auto* lp = std::get_if<Pairs>(&f)) {
+      out.push_back(0x03);
+      Compact(out, static_cast<uint32_t>(lp->size()));
+      for (const auto& [first, second] : *lp) {
+        out.push_back(0x01);
+        Compact(out, 2);
+        out.insert(out.end(), {'s', 't', 'r', '1', 0});
+        Value(out, 0x02, StringBytes(first));
+        out.insert(out.end(), {'s', 't', 'r', '2', 0});
+        Value(out, 0x02, StringBytes(second));
+      }
     }
   }
 
