@@ -3,9 +3,9 @@
 // the row's adapter shape decides how the request block becomes a call of the
 // ZDL_ function and how the result comes back.
 #include <string_view>
-#include <type_traits>
 
 #include "api/Adapters.h"
+#include "api/ShapeTable.h"
 #include "api/CommandTable.h"
 #include "api/ExecDealerAPI.h"
 #include "api/ZDLArrays.h"
@@ -27,21 +27,9 @@ constexpr const DL::TCommandRow& RowOfFunction(std::string_view function) {
 template <EAdapterShape Shape, class Fn>
 int RunAdapter(Fn fn, const char* command, std::vector<unsigned char>& data, std::string& firm,
                const DL::Adapters::TAdapterEnv& env) {
-  namespace A = DL::Adapters;
-  if constexpr (Shape == EAdapterShape::SendOneString) {
-    return A::SendOneString(fn, command, data, firm, env);
-  } else if constexpr (Shape == EAdapterShape::SendTwoStrings) {
-    return A::SendTwoStrings(fn, command, data, firm, env);
-  } else if constexpr (Shape == EAdapterShape::SendOneStringAndBool) {
-    return A::SendOneStringAndBool(fn, command, data, firm, env);
-  } else if constexpr (Shape == EAdapterShape::SendOneString_GetBool) {
-    return A::SendOneString_GetBool(fn, data, firm);
-  } else if constexpr (Shape == EAdapterShape::SendOneString_GetInt) {
-    return A::SendOneString_GetInt(fn, data, firm);
-  } else {
-    static_assert(!std::is_same_v<Fn, Fn>, "the command's shape has no adapter yet");
-    return 0;
-  }
+  using TheShape = DL::Adapters::TShape<Shape>;
+  static_assert(TheShape::kBuilt, "the command's shape has no adapter yet");
+  return TheShape::Run(fn, command, data, firm, env);
 }
 
 }  // namespace

@@ -41,6 +41,7 @@
 #define ZDL_DECLARE_RECORD(Name, ...)                        \
   struct Name {                                              \
     using TransferRecordTag = void;                          \
+    static constexpr const char* kRecordName = #Name;        \
     ZDL_FOR_EACH_ROW_(ZDL_RECORD_MEMBER_, __VA_ARGS__)       \
     template <class Self, class Visitor>                     \
     static void VisitFields(Self& record, Visitor&& visit) { \

@@ -20,3 +20,34 @@ struct ZDL_ArrayDoubleNumbers {
   uint64_t count;
   double* items;
 };
+
+// Three coefficients of a discount, passed and returned by value.
+struct ZDL_BaseDiscCoeff {
+  double coeff1;
+  double coeff2;
+  double coeff3;
+};
+
+// Two numbers of the volatility change scenarios, passed and returned by value.
+struct ZDL_VolatilityChangeScenarios {
+  double value1;
+  double value2;
+};
+
+// A pair of codes, each string in a block of its own (array new).
+struct ZDL_StringToString {
+  char* str1;
+  char* str2;
+};
+
+// Pairs of codes: a code and the code it maps to.
+struct ZDL_ArrayStringToString {
+  uint64_t count;
+  ZDL_StringToString* items;
+};
+
+// Pairs of client code and trade account (or of two codes of one kind).
+struct ZDL_ArrayCodeToCodeTrdaccToTrdacc {
+  uint64_t count;
+  ZDL_StringToString* items;
+};

@@ -15,6 +15,12 @@ void ReleaseRecord(Array* a) {
   if constexpr (std::is_same_v<decltype(a->items), char**>) {
     if (a->items != nullptr)
       for (uint64_t i = 0; i < a->count; ++i) delete[] a->items[i];
+  } else if constexpr (std::is_same_v<decltype(a->items), ZDL_StringToString*>) {
+    if (a->items != nullptr)
+      for (uint64_t i = 0; i < a->count; ++i) {
+        delete[] a->items[i].str1;
+        delete[] a->items[i].str2;
+      }
   }
   delete[] a->items;
   delete a;

@@ -1,4 +1,5 @@
 #include "api/CommandReference.h"
+#include "api/CommandTable.h"
 
 #include <gtest/gtest.h>
 
@@ -37,14 +38,24 @@ TEST(CommandReferenceTest, StartsWithTheTotals) {
 
 TEST(CommandReferenceTest, OneLinePerCommand) {
   std::string text = DL::CommandReferenceMarkdown();
-  EXPECT_NE(text.find("| `GetUsePGOFromGlobal` | Get | adapter `SendOneString_GetBool` | `ZDL_GetUsePGOFromGlobal` "
-                      "| no |\n"),
+  EXPECT_NE(text.find("| `GetUsePGOFromGlobal` | Get | adapter `SendOneString_GetBool` | `TDL_StringAndBool`: "
+                      "`firmCode` string; `boolParam1` bool (1 byte) | `ZDL_GetUsePGOFromGlobal` | no | yes |\n"),
             std::string::npos);
   EXPECT_NE(text.find("| `MoveClientBetweenClientTemplates` | Move | own record `TDL_MoveClientBetweenClientTemplates` "
-                      "| `ZDL_MoveClientBetweenClientTemplates` | yes |\n"),
+                      "| not declared yet | `ZDL_MoveClientBetweenClientTemplates` | yes | no |\n"),
             std::string::npos);
   EXPECT_NE(text.find("| `GetQualifiedInvestorsFromRestrictionTemplate` | Get | adapter `SendTwoStrings_GetInt` "
-                      "| `ZDL_GetQualifiedInvestorsSignFromRestrictionTemplate` | no |\n"),
+                      "| `TDL_TwoStringsAndInt`: `firmCode` string; `strParam` string; `intParam1` int (4 bytes) "
+                      "| `ZDL_GetQualifiedInvestorsSignFromRestrictionTemplate` | no | no |\n"),
+            std::string::npos);
+}
+
+TEST(CommandReferenceTest, CountsRegisteredAndUnregisteredCommands) {
+  std::string text = DL::CommandReferenceMarkdown();
+  std::size_t registered = 0;
+  for (const DL::TCommandRow& row : DL::kCommandTable) registered += row.handler != nullptr ? 1 : 0;
+  EXPECT_EQ(registered, 2u);
+  EXPECT_NE(text.find("\n2 commands are registered (they answer through `Execute`); 992 are not registered yet"),
             std::string::npos);
 }
 
@@ -65,8 +76,14 @@ TEST(CommandReferenceTest, OneSectionPerScopeWithItsCount) {
 
 TEST(CommandReferenceTest, ListsEveryAdapterWithItsCount) {
   std::string text = DL::CommandReferenceMarkdown();
-  EXPECT_NE(text.find("| `SendTwoStrings_GetArrayStrings` | read | 34 |\n"), std::string::npos);
-  EXPECT_NE(text.find("| `SendOneStringAndBool` | send | 29 |\n"), std::string::npos);
+  EXPECT_NE(text.find("| `SendTwoStrings_GetArrayStrings` | read | 34 | `TDL_TwoStringsAndArray`: `firmCode` string; "
+                      "`strParam` string; `lsStrings` list of strings |\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("| `SendOneStringAndBool` | send | 29 | `TDL_StringAndBool`: `firmCode` string; `boolParam1` "
+                      "bool (1 byte) |\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("| `SendStringAndArrayIntForString` | send | "), std::string::npos);
+  EXPECT_NE(text.find(" | not declared yet |\n"), std::string::npos);
   EXPECT_EQ(text.find("| `OwnRecord` |"), std::string::npos);
 }
 

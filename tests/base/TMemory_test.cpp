@@ -108,3 +108,20 @@ TEST(ZDLArraysTest, IntArraysCopyTheirValues) {
 }
 
 }  // namespace
+
+TEST(TMemoryTest, ArraysOfCodePairsAreRegisteredUnderTheirKindsAndReleasedWithTheirStrings) {
+  TMemory memory;
+  auto* pairs = memory.ConstructArray<ZDL_ArrayStringToString>(2);
+  EXPECT_EQ(TMemory::KindOf<ZDL_ArrayStringToString>::value, TMemory::MEM_ARRAY_STRING_TO_STRING);
+  ASSERT_NE(pairs->items, nullptr);
+  EXPECT_EQ(pairs->items[1].str1, nullptr);
+  pairs->items[0] = {new char[2]{'A', 0}, new char[2]{'B', 0}};
+  auto* accounts = memory.ConstructArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc>(1);
+  accounts->items[0] = {new char[2]{'C', 0}, nullptr};
+  EXPECT_EQ(memory.Outstanding(), 2u);
+  void* p = pairs;
+  EXPECT_EQ(memory.FreeMemory(&p), 0);
+  EXPECT_EQ(p, nullptr);
+  EXPECT_EQ(memory.Outstanding(), 1u);
+  // The destructor releases the second one with its strings.
+}

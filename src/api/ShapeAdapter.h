@@ -1,0 +1,356 @@
+#pragma once
+// The engine of the generic adapters. A shape is declared once, as a type
+// built from the pieces below (see api/ShapeTable.h):
+//
+//   TSend<Record, Line, In...>   decode Record, call fn(In...), note Line on success
+//   TRead<Record, Out, In...>    decode Record, call fn(In..., &result), store
+//                                Out into Record and encode it back
+//
+// Each In names one field of the record and how it is handed to fn: a string
+// as const char*, a number by value, a list as a counted array (null when the
+// list is empty) that is released after the call whatever its result, or a
+// small composite by value. Each Out names the field(s) that take the result
+// and how the result is released (strings and arrays through the firm that
+// handed them out).
+//
+// Results: 0 stays 0, a settings code n becomes n + 1000. On a failure nothing
+// is noted and data is left as it came.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "api/Adapters.h"
+#include "api/ZDLArrays.h"
+#include "base/ApiRecords.h"
+
+namespace DL::Adapters::Shape {
+
+// ---- What travels into fn -----------------------------------------------
+
+// A value handed to fn as it is.
+template <class T>
+struct TPassed {
+  T value;
+  T get() const { return value; }
+};
+
+// A counted array built from a list for one call and released afterwards;
+// get() is null for an empty list.
+template <class Array, class Item, void (*Build)(Array&, const std::vector<Item>&), void (*Free)(Array&)>
+class TBuiltArray {
+ public:
+  explicit TBuiltArray(const std::vector<Item>& list) {
+    if (list.empty()) return;
+    array_ = std::make_unique<Array>();
+    Build(*array_, list);
+  }
+  TBuiltArray(const TBuiltArray&) = delete;
+  TBuiltArray& operator=(const TBuiltArray&) = delete;
+  ~TBuiltArray() {
+    if (array_) Free(*array_);
+  }
+  Array* get() const { return array_.get(); }
+
+ private:
+  std::unique_ptr<Array> array_;
+};
+
+// A double as the change lines write it: the shortest form that reads back.
+inline std::string NumberText(double value) {
+  char text[32];
+  for (int digits = 1; digits <= 17; ++digits) {
+    std::snprintf(text, sizeof text, "%.*g", digits, value);
+    if (std::strtod(text, nullptr) == value) break;
+  }
+  return text;
+}
+
+inline std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+// A string field, passed as const char*.
+template <auto Member>
+struct Str {
+  template <class R>
+  static TPassed<const char*> Bind(R& r) {
+    return {(r.*Member).c_str()};
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return Quoted(r.*Member);
+  }
+};
+
+// An int, bool or double field, passed by value.
+template <auto Member>
+struct Val {
+  template <class R>
+  static auto Bind(R& r) {
+    using T = std::remove_cvref_t<decltype(r.*Member)>;
+    return TPassed<T>{r.*Member};
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    using T = std::remove_cvref_t<decltype(r.*Member)>;
+    if constexpr (std::is_same_v<T, bool>) return Quoted(r.*Member ? "1" : "0");
+    else if constexpr (std::is_same_v<T, double>) return Quoted(NumberText(r.*Member));
+    else return Quoted(std::to_string(r.*Member));
+  }
+};
+
+// A list written into a change line: its count, then the list in brackets, or
+// NULL when it is empty.
+template <class Item>
+std::string ListText(const std::vector<Item>& list) {
+  std::string text = std::to_string(list.size());
+  if (list.empty()) return text + "NULL";
+  std::vector<std::string> items;
+  for (const Item& item : list) {
+    if constexpr (std::is_same_v<Item, std::string>) items.push_back(item);
+    else if constexpr (std::is_same_v<Item, TDL_StringsPair>) items.push_back(item.str1 + ":" + item.str2);
+    else if constexpr (std::is_same_v<Item, double>) items.push_back(NumberText(item));
+    else items.push_back(std::to_string(item));
+  }
+  return text + vectorSTLStringsToStr(items);
+}
+
+// A list of strings, passed as ZDL_ArrayStrings* (null when empty).
+template <auto Member>
+struct Strings {
+  using Holder = TBuiltArray<ZDL_ArrayStrings, std::string, &New_ZDL_ArrayStrings, &Free_ZDL_ArrayStrings>;
+  template <class R>
+  static Holder Bind(R& r) {
+    return Holder(r.*Member);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
+// A list of doubles, passed as ZDL_ArrayDoubleNumbers* (null when empty).
+template <auto Member>
+struct Doubles {
+  using Holder = TBuiltArray<ZDL_ArrayDoubleNumbers, double, &New_ZDL_ArrayDoubleNumbers, &Free_ZDL_ArrayDoubleNumbers>;
+  template <class R>
+  static Holder Bind(R& r) {
+    return Holder(r.*Member);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
+// A list of code pairs, passed as ZDL_ArrayCodeToCodeTrdaccToTrdacc* (null when empty).
+template <auto Member>
+struct Pairs {
+  using Holder = TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_StringsPair,
+                             &New_ZDL_ArrayCodeToCodeTrdaccToTrdacc, &Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc>;
+  template <class R>
+  static Holder Bind(R& r) {
+    return Holder(r.*Member);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
+// Three double fields, passed as ZDL_BaseDiscCoeff by value.
+template <auto M1, auto M2, auto M3>
+struct DiscCoeff {
+  template <class R>
+  static TPassed<ZDL_BaseDiscCoeff> Bind(R& r) {
+    return {ZDL_BaseDiscCoeff{r.*M1, r.*M2, r.*M3}};
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return Quoted(NumberText(r.*M1)) + ',' + Quoted(NumberText(r.*M2)) + ',' + Quoted(NumberText(r.*M3));
+  }
+};
+
+// Two double fields, passed as ZDL_VolatilityChangeScenarios by value.
+template <auto M1, auto M2>
+struct Scenarios {
+  template <class R>
+  static TPassed<ZDL_VolatilityChangeScenarios> Bind(R& r) {
+    return {ZDL_VolatilityChangeScenarios{r.*M1, r.*M2}};
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return Quoted(NumberText(r.*M1)) + ',' + Quoted(NumberText(r.*M2));
+  }
+};
+
+// ---- What comes back from fn ----------------------------------------------
+
+// An int, bool or double into a field of the same type.
+template <auto Member>
+struct OutVal {
+  template <class R>
+  using Local = std::remove_cvref_t<decltype(std::declval<R&>().*Member)>;
+  template <class R, class L>
+  static void Store(R& r, L& local, const TAdapterEnv&, const std::string&) {
+    r.*Member = local;
+  }
+};
+
+// A char* handed out by the settings layer: copied, then released.
+template <auto Member>
+struct OutStr {
+  template <class R>
+  using Local = char*;
+  template <class R>
+  static void Store(R& r, char*& text, const TAdapterEnv& env, const std::string& firmCode) {
+    r.*Member = text != nullptr ? text : "";
+    Detail::Release(env, firmCode, text);
+  }
+};
+
+// A counted array handed out by the settings layer: copied in order, then released.
+template <class Array, auto Member>
+struct OutArray {
+  template <class R>
+  using Local = Array*;
+  template <class R>
+  static void Store(R& r, Array*& array, const TAdapterEnv& env, const std::string& firmCode) {
+    auto& list = r.*Member;
+    list.clear();
+    if (array != nullptr && array->items != nullptr) {
+      for (uint64_t i = 0; i < array->count; ++i) {
+        if constexpr (std::is_same_v<Array, ZDL_ArrayStrings>) {
+          const char* item = array->items[i];
+          list.emplace_back(item != nullptr ? item : "");
+        } else if constexpr (std::is_same_v<decltype(array->items), ZDL_StringToString*>) {
+          const ZDL_StringToString& pair = array->items[i];
+          list.push_back({pair.str1 != nullptr ? pair.str1 : "", pair.str2 != nullptr ? pair.str2 : ""});
+        } else {
+          list.push_back(array->items[i]);
+        }
+      }
+    }
+    Detail::Release(env, firmCode, array);
+  }
+};
+template <auto Member>
+using OutStrings = OutArray<ZDL_ArrayStrings, Member>;
+template <auto Member>
+using OutInts = OutArray<ZDL_ArrayIntNumbers, Member>;
+template <auto Member>
+using OutDoubles = OutArray<ZDL_ArrayDoubleNumbers, Member>;
+
+template <auto M1, auto M2, auto M3>
+struct OutDiscCoeff {
+  template <class R>
+  using Local = ZDL_BaseDiscCoeff;
+  template <class R>
+  static void Store(R& r, ZDL_BaseDiscCoeff& v, const TAdapterEnv&, const std::string&) {
+    r.*M1 = v.coeff1;
+    r.*M2 = v.coeff2;
+    r.*M3 = v.coeff3;
+  }
+};
+
+template <auto M1, auto M2>
+struct OutScenarios {
+  template <class R>
+  using Local = ZDL_VolatilityChangeScenarios;
+  template <class R>
+  static void Store(R& r, ZDL_VolatilityChangeScenarios& v, const TAdapterEnv&, const std::string&) {
+    r.*M1 = v.value1;
+    r.*M2 = v.value2;
+  }
+};
+
+// ---- Change lines -----------------------------------------------------------
+
+// The lines with a fixed form.
+struct LineOneString {
+  template <class R, class... In>
+  static std::string Make(std::string_view command, const R&) {
+    return ChangeLineSendOneString(command);
+  }
+};
+struct LineTwoStrings {
+  template <class R, class... In>
+  static std::string Make(std::string_view command, const R& r) {
+    return ChangeLineSendTwoStrings(command, r.strParam);
+  }
+};
+struct LineStringAndBool {
+  template <class R, class... In>
+  static std::string Make(std::string_view command, const R& r) {
+    return ChangeLineSendOneStringAndBool(command, r.boolParam1);
+  }
+};
+struct LineStringAndArray {
+  template <class R, class... In>
+  static std::string Make(std::string_view command, const R& r) {
+    return ChangeLineSendStringAndArrayStrings(command, r.lsStrings);
+  }
+};
+
+// Every other sending shape: the command, "main", then each argument after
+// the firm code in the order of the call, joined by commas.
+struct LineArguments {
+  template <class R, class First, class... Rest>
+  static std::string Make(std::string_view command, const R& r) {
+    std::string line(command);
+    line += ",main";
+    ((line += ',', line += Rest::Text(r)), ...);
+    return line;
+  }
+};
+
+// ---- The two kinds of shape ---------------------------------------------
+
+template <class Record, class Line, class... In>
+struct TSend {
+  using RecordType = Record;
+  static constexpr bool kSends = true;
+  template <class Fn>
+  static int Run(Fn&& fn, const std::string& command, std::vector<unsigned char>& data, const std::string& firm,
+                 const TAdapterEnv& env) {
+    Record record;
+    LoadDataForZDeallibAPI(record, data);
+    // The built arrays live until the end of this statement: released whatever
+    // fn returns, also when it throws.
+    int n = std::invoke(fn, In::Bind(record).get()...);
+    if (n != 0) return SettingsResult(n);
+    env.noteChange(firm, Line::template Make<Record, In...>(command, record));
+    return 0;
+  }
+};
+
+template <class Record, class Out, class... In>
+struct TRead;
+
+// The first argument is always the owner's code; a result is released
+// through it.
+template <class Record, class Out, class First, class... Rest>
+struct TRead<Record, Out, First, Rest...> {
+  using RecordType = Record;
+  static constexpr bool kSends = false;
+  template <class Fn>
+  static int Run(Fn&& fn, const std::string& command, std::vector<unsigned char>& data, const std::string& firm,
+                 const TAdapterEnv& env) {
+    (void)command;
+    (void)firm;
+    Record record;
+    LoadDataForZDeallibAPI(record, data);
+    typename Out::template Local<Record> result{};
+    int n = std::invoke(fn, First::Bind(record).get(), Rest::Bind(record).get()..., &result);
+    if (n != 0) return SettingsResult(n);
+    Out::Store(record, result, env, std::string(First::Bind(record).get()));
+    StoreDataForZDealerAPI(record, data);
+    return 0;
+  }
+};
+
+}  // namespace DL::Adapters::Shape

@@ -1,0 +1,500 @@
+// Every shape of the adapter table: a request block written byte by byte, the
+// call the settings function receives (arguments in order), the reply block
+// compared byte for byte, and the change line.
+#include "api/ShapeTable.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "WireBlock.h"
+
+namespace {
+
+using DL::EAdapterShape;
+using DL::Adapters::TAdapterEnv;
+using DL::Adapters::TShape;
+using TestWire::Record;
+using Strings = std::vector<std::string>;
+
+template <EAdapterShape S, class Fn>
+int RunOne(Fn& fn, const std::string& command, std::vector<unsigned char>& data, const std::string& firm,
+           const TAdapterEnv& env) {
+  if constexpr (TShape<S>::kBuilt) return TShape<S>::Run(fn, command, data, firm, env);
+  else return -1;
+}
+
+// Runs the adapter of a shape chosen at run time; -1 for a shape not built.
+template <class Fn>
+int RunShape(EAdapterShape shape, Fn&& fn, const std::string& command, std::vector<unsigned char>& data,
+             const std::string& firm, const TAdapterEnv& env) {
+  switch (shape) {
+#define ZDL_SHAPE(name, kind) \
+  case EAdapterShape::name:   \
+    return RunOne<EAdapterShape::name>(fn, command, data, firm, env);
+#include "api/AdapterShapes.def"
+#undef ZDL_SHAPE
+    default:
+      return -1;
+  }
+}
+
+const char* TestShapeName(EAdapterShape shape) {
+  switch (shape) {
+#define ZDL_SHAPE(name, kind) \
+  case EAdapterShape::name:   \
+    return #name;
+#include "api/AdapterShapes.def"
+#undef ZDL_SHAPE
+    default:
+      return "?";
+  }
+}
+
+bool IsReadShape(EAdapterShape shape) {
+  switch (shape) {
+#define ZDL_SHAPE(name, kind) \
+  case EAdapterShape::name:   \
+    return std::string_view(#kind) == "Read";
+#include "api/AdapterShapes.def"
+#undef ZDL_SHAPE
+    default:
+      return false;
+  }
+}
+
+std::string Num(double v) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%g", v);
+  return text;
+}
+
+// A settings function standing in for all of them: it writes down each
+// argument, fills each result with a fixed value, and answers `answer`.
+struct TFakeSettings {
+  int answer = 0;
+  std::vector<std::string> call;
+  std::map<void*, std::function<void()>> handedOut;  // what a Get gave, and how to free it
+  std::vector<std::string> freedThrough;
+
+  char* NewText(const char* text) {
+    char* s = new char[std::strlen(text) + 1];
+    std::strcpy(s, text);
+    handedOut[s] = [s] { delete[] s; };
+    return s;
+  }
+
+  template <class A>
+  void Arg(A a) {
+    if constexpr (std::is_same_v<A, const char*>) {
+      call.emplace_back(a);
+    } else if constexpr (std::is_same_v<A, bool>) {
+      call.push_back(std::string("b") + (a ? "1" : "0"));
+    } else if constexpr (std::is_same_v<A, int>) {
+      call.push_back("i" + std::to_string(a));
+    } else if constexpr (std::is_same_v<A, double>) {
+      call.push_back("d" + Num(a));
+    } else if constexpr (std::is_same_v<A, ZDL_BaseDiscCoeff>) {
+      call.push_back("{" + Num(a.coeff1) + "," + Num(a.coeff2) + "," + Num(a.coeff3) + "}");
+    } else if constexpr (std::is_same_v<A, ZDL_VolatilityChangeScenarios>) {
+      call.push_back("{" + Num(a.value1) + "," + Num(a.value2) + "}");
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayStrings*> || std::is_same_v<A, ZDL_ArrayDoubleNumbers*>) {
+      if (a == nullptr) {
+        call.push_back("null");
+        return;
+      }
+      std::string text = "[";
+      for (uint64_t i = 0; i < a->count; ++i) {
+        if (i != 0) text += ",";
+        if constexpr (std::is_same_v<A, ZDL_ArrayStrings*>) text += a->items[i];
+        else text += Num(a->items[i]);
+      }
+      call.push_back(text + "]");
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayCodeToCodeTrdaccToTrdacc*>) {
+      if (a == nullptr) {
+        call.push_back("null");
+        return;
+      }
+      std::string text = "[";
+      for (uint64_t i = 0; i < a->count; ++i)
+        text += (i != 0 ? "," : "") + std::string(a->items[i].str1) + ":" + a->items[i].str2;
+      call.push_back(text + "]");
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayCodeToCodeTrdaccToTrdacc**> ||
+                         std::is_same_v<A, ZDL_ArrayStringToString**>) {
+      call.push_back("&ap");
+      using Array = std::remove_pointer_t<std::remove_pointer_t<A>>;
+      auto* r = new Array{2, new ZDL_StringToString[2]};
+      r->items[0] = {new char[2]{'P', 0}, new char[2]{'Q', 0}};
+      r->items[1] = {new char[2]{'R', 0}, new char[1]{0}};
+      handedOut[r] = [r] {
+        for (int i = 0; i < 2; ++i) {
+          delete[] r->items[i].str1;
+          delete[] r->items[i].str2;
+        }
+        delete[] r->items;
+        delete r;
+      };
+      *a = r;
+    } else if constexpr (std::is_same_v<A, char**>) {
+      call.push_back("&s");
+      *a = NewText("OUT");
+    } else if constexpr (std::is_same_v<A, int*>) {
+      call.push_back("&i");
+      *a = 42;
+    } else if constexpr (std::is_same_v<A, bool*>) {
+      call.push_back("&b");
+      *a = true;
+    } else if constexpr (std::is_same_v<A, double*>) {
+      call.push_back("&d");
+      *a = 2.5;
+    } else if constexpr (std::is_same_v<A, ZDL_BaseDiscCoeff*>) {
+      call.push_back("&c");
+      *a = ZDL_BaseDiscCoeff{0.25, 0.5, 0.75};
+    } else if constexpr (std::is_same_v<A, ZDL_VolatilityChangeScenarios*>) {
+      call.push_back("&v");
+      *a = ZDL_VolatilityChangeScenarios{1.5, -2};
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayStrings**>) {
+      call.push_back("&as");
+      auto* r = new ZDL_ArrayStrings{2, new char*[2]{new char[2]{'X', 0}, new char[2]{'Y', 0}}};
+      handedOut[r] = [r] {
+        delete[] r->items[0];
+        delete[] r->items[1];
+        delete[] r->items;
+        delete r;
+      };
+      *a = r;
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayIntNumbers**>) {
+      call.push_back("&ai");
+      auto* r = new ZDL_ArrayIntNumbers{2, new int[2]{7, 8}};
+      handedOut[r] = [r] {
+        delete[] r->items;
+        delete r;
+      };
+      *a = r;
+    } else if constexpr (std::is_same_v<A, ZDL_ArrayDoubleNumbers**>) {
+      call.push_back("&ad");
+      auto* r = new ZDL_ArrayDoubleNumbers{2, new double[2]{0.5, 2}};
+      handedOut[r] = [r] {
+        delete[] r->items;
+        delete r;
+      };
+      *a = r;
+    } else {
+      static_assert(!std::is_same_v<A, A>, "argument type the fake does not know");
+    }
+  }
+
+  // On a failure a Get hands out nothing: drop what was made.
+  void Fail() {
+    for (auto& [p, free] : handedOut) free();
+    handedOut.clear();
+  }
+
+  std::string Call() const {
+    std::string text;
+    for (std::size_t i = 0; i < call.size(); ++i) text += (i != 0 ? "|" : "") + call[i];
+    return text;
+  }
+};
+
+struct TCase {
+  EAdapterShape shape;
+  Record request;
+  std::string call;  // the arguments as the fake wrote them down
+  std::string line;  // the change line; empty for a reading shape
+  Record replyExtra; // fields a reading shape adds to the request's
+};
+
+Record R() { return Record(); }
+
+std::vector<TCase> Cases() {
+  using E = EAdapterShape;
+  const Strings xy = {"x", "y"};
+  auto f = [] { return R().Set("firmCode", std::string("F1")); };
+  auto q = [](const char* s) { return std::string(s); };
+  std::vector<TCase> c;
+  // Shapes that send.
+  c.push_back({E::SendOneString, f(), "F1", "Cmd, main, , ,", R()});
+  c.push_back({E::SendTwoStrings, f().Set("strParam", q("A")), "F1|A", "Cmd, A, , ", R()});
+  c.push_back({E::SendThreeStrings, f().Set("strParam1", q("A")).Set("strParam2", q("B")), "F1|A|B",
+               "Cmd,main,\"A\",\"B\"", R()});
+  c.push_back({E::SendOneStringAndInt, f().Set("intParam1", 7), "F1|i7", "Cmd,main,\"7\"", R()});
+  c.push_back({E::SendFourStringsAndInt,
+               f().Set("intParam1", 7).Set("strParam1", q("A")).Set("strParam2", q("B")).Set("strParam3", q("C")),
+               "F1|i7|A|B|C", "Cmd,main,\"7\",\"A\",\"B\",\"C\"", R()});
+  c.push_back({E::SendThreeStringsAndInt, f().Set("intParam1", 7).Set("strParam1", q("A")).Set("strParam2", q("B")),
+               "F1|i7|A|B", "Cmd,main,\"7\",\"A\",\"B\"", R()});
+  c.push_back({E::SendTwoStringsAndInt, f().Set("strParam", q("A")).Set("intParam1", 7), "F1|A|i7",
+               "Cmd,main,\"A\",\"7\"", R()});
+  c.push_back({E::SendOneStringAndBool, f().Set("boolParam1", true), "F1|b1", "Cmd,main,,,\"1\"", R()});
+  c.push_back({E::SendTwoStringsAndBool, f().Set("strParam", q("A")).Set("boolParam1", true), "F1|A|b1",
+               "Cmd,main,\"A\",\"1\"", R()});
+  c.push_back({E::SendThreeStringsAndBool,
+               f().Set("strParam1", q("A")).Set("strParam2", q("B")).Set("boolParam1", true), "F1|A|B|b1",
+               "Cmd,main,\"A\",\"B\",\"1\"", R()});
+  c.push_back({E::SendTwoStringsAndDouble, f().Set("strParam", q("A")).Set("doubleParam1", 1.5), "F1|A|d1.5",
+               "Cmd,main,\"A\",\"1.5\"", R()});
+  c.push_back({E::SendOneStringAndBaseDiscCoeff,
+               f().Set("doubleParam1", 0.25).Set("doubleParam2", 0.5).Set("doubleParam3", 0.75),
+               "F1|{0.25,0.5,0.75}", "Cmd,main,\"0.25\",\"0.5\",\"0.75\"", R()});
+  c.push_back({E::SendThreeStringsAndDouble,
+               f().Set("strParam1", q("A")).Set("strParam2", q("B")).Set("doubleParam1", 1.5), "F1|A|B|d1.5",
+               "Cmd,main,\"A\",\"B\",\"1.5\"", R()});
+  c.push_back({E::SendStringAndVolatilityChangeScenarios, f().Set("doubleParam1", 1.5).Set("doubleParam2", -2.0),
+               "F1|{1.5,-2}", "Cmd,main,\"1.5\",\"-2\"", R()});
+  c.push_back({E::SendTwoStringAndVolatilityChangeScenarios,
+               f().Set("strParam", q("A")).Set("doubleParam1", 1.5).Set("doubleParam2", -2.0), "F1|A|{1.5,-2}",
+               "Cmd,main,\"A\",\"1.5\",\"-2\"", R()});
+  c.push_back({E::SendOneStringAndDouble, f().Set("doubleParam1", 1.5), "F1|d1.5", "Cmd,main,\"1.5\"", R()});
+  c.push_back({E::SendTwoStringAndBaseDiscCoeff,
+               f().Set("strParam", q("A")).Set("doubleParam1", 0.25).Set("doubleParam2", 0.5).Set("doubleParam3", 0.75),
+               "F1|A|{0.25,0.5,0.75}", "Cmd,main,\"A\",\"0.25\",\"0.5\",\"0.75\"", R()});
+  c.push_back({E::SendThreeStringAndVolatilityChangeScenarios,
+               f().Set("strParam1", q("A")).Set("strParam2", q("B")).Set("doubleParam1", 1.5).Set("doubleParam2", -2.0),
+               "F1|A|B|{1.5,-2}", "Cmd,main,\"A\",\"B\",\"1.5\",\"-2\"", R()});
+  c.push_back({E::SendTwoStringsAndArrayDoubleNumbers,
+               f().Set("strParam", q("A")).Set("lsDoubles", std::vector<double>{0.5, 2}), "F1|A|[0.5,2]",
+               "Cmd,main,\"A\",2[0.5,2]", R()});
+  c.push_back({E::SendOneStringAndArrayStrings, f().Set("lsStrings", xy), "F1|[x,y]", "Cmd,main,,2[x,y]", R()});
+  c.push_back({E::SendStringAndArrayStrings, f().Set("lsStrings", xy), "F1|[x,y]", "Cmd,main,,2[x,y]", R()});
+  c.push_back({E::SendTwoStringsAndArrayStrings, f().Set("strParam", q("A")).Set("lsStrings", xy), "F1|A|[x,y]",
+               "Cmd,main,\"A\",2[x,y]", R()});
+  c.push_back({E::SendThreeStringsAndArrayStrings,
+               f().Set("strParam1", q("A")).Set("strParam2", q("B")).Set("lsStrings", xy), "F1|A|B|[x,y]",
+               "Cmd,main,\"A\",\"B\",2[x,y]", R()});
+  auto s3ia = [&] {
+    return R().Set("strParam1", q("F1")).Set("intParam", 7).Set("strParam2", q("A")).Set("strParam3", q("B"));
+  };
+  c.push_back({E::SendThreeStringsAndIntWithArrayStrings, s3ia().Set("lsStrings", xy), "F1|i7|A|B|[x,y]",
+               "Cmd,main,\"7\",\"A\",\"B\",2[x,y]", R()});
+  c.push_back({E::SendOneStringAndIntWithTwoStringsAndArrayStrings, s3ia().Set("lsStrings", xy), "F1|i7|A|B|[x,y]",
+               "Cmd,main,\"7\",\"A\",\"B\",2[x,y]", R()});
+  c.push_back({E::SendStringAndArrayOfPairOfStrings,
+               f().Set("lsPairs", TestWire::Pairs{{"C1", "T1"}, {"C2", ""}}), "F1|[C1:T1,C2:]",
+               "Cmd,main,2[C1:T1,C2:]", R()});
+  // Shapes that read.
+  c.push_back({E::SendOneString_GetString, f(), "F1|&s", "", R().Set("strParam", q("OUT"))});
+  c.push_back({E::SendTwoStrings_GetString, f().Set("strParam1", q("A")), "F1|A|&s", "",
+               R().Set("strParam2", q("OUT"))});
+  c.push_back({E::SendTwoStrings_GetInt, f().Set("strParam", q("A")), "F1|A|&i", "", R().Set("intParam1", 42)});
+  c.push_back({E::SendOneString_GetBool, f(), "F1|&b", "", R().Set("boolParam1", true)});
+  c.push_back({E::SendTwoStrings_GetBool, f().Set("strParam", q("A")), "F1|A|&b", "", R().Set("boolParam1", true)});
+  c.push_back({E::SendOneString_GetInt, f(), "F1|&i", "", R().Set("intParam1", 42)});
+  c.push_back({E::SendThreeStrings_GetBool, f().Set("strParam1", q("A")).Set("strParam2", q("B")), "F1|A|B|&b", "",
+               R().Set("boolParam1", true)});
+  c.push_back({E::SendStringWithDouble_GetString, f().Set("doubleParam1", 1.5), "F1|d1.5|&s", "",
+               R().Set("strParam", q("OUT"))});
+  c.push_back({E::SendTwoStrings_GetDouble, f().Set("strParam", q("A")), "F1|A|&d", "", R().Set("doubleParam1", 2.5)});
+  auto coeff = [] { return R().Set("doubleParam1", 0.25).Set("doubleParam2", 0.5).Set("doubleParam3", 0.75); };
+  auto scen = [] { return R().Set("doubleParam1", 1.5).Set("doubleParam2", -2.0); };
+  c.push_back({E::SendOneString_GetBaseDiscCoeff, f(), "F1|&c", "", coeff()});
+  c.push_back({E::SendThreeStrings_GetDouble, f().Set("strParam1", q("A")).Set("strParam2", q("B")), "F1|A|B|&d", "",
+               R().Set("doubleParam1", 2.5)});
+  c.push_back({E::SendTwoString_GetVolatilityChangeScenarios, f().Set("strParam", q("A")), "F1|A|&v", "", scen()});
+  c.push_back({E::SendString_GetVolatilityChangeScenarios, f(), "F1|&v", "", scen()});
+  c.push_back({E::SendOneString_GetDouble, f(), "F1|&d", "", R().Set("doubleParam1", 2.5)});
+  c.push_back({E::SendTwoString_GetDiscCoeff, f().Set("strParam", q("A")), "F1|A|&c", "", coeff()});
+  c.push_back({E::SendThreeString_GetVolatilityChangeScenarios, f().Set("strParam1", q("A")).Set("strParam2", q("B")),
+               "F1|A|B|&v", "", scen()});
+  c.push_back({E::SendTwoStrings_GetArrayDoubleNumbers, f().Set("strParam", q("A")), "F1|A|&ad", "",
+               R().Set("lsDoubles", std::vector<double>{0.5, 2})});
+  c.push_back({E::SendOneString_GetArrayIntNumbers, f(), "F1|&ai", "", R().Set("lsInts", std::vector<int>{7, 8})});
+  c.push_back({E::SendString_GetArrayStrings, f(), "F1|&as", "", R().Set("lsStrings", Strings{"X", "Y"})});
+  c.push_back({E::SendTwoStrings_GetArrayStrings, f().Set("strParam", q("A")), "F1|A|&as", "",
+               R().Set("lsStrings", Strings{"X", "Y"})});
+  c.push_back({E::SendThreeStrings_GetArrayStrings, f().Set("strParam1", q("A")).Set("strParam2", q("B")),
+               "F1|A|B|&as", "", R().Set("lsStrings", Strings{"X", "Y"})});
+  c.push_back({E::SendThreeStringsWithInt_GetArrayStrings, s3ia(), "F1|i7|A|B|&as", "",
+               R().Set("lsStrings", Strings{"X", "Y"})});
+  const TestWire::Pairs pq = {{"P", "Q"}, {"R", ""}};
+  c.push_back({E::SendString_GetArrayOfPairOfStrings, f(), "F1|&ap", "", R().Set("lsPairs", pq)});
+  c.push_back({E::SendStringWithInt_GetArrayOfStringToString, f().Set("intParam1", 7), "F1|i7|&ap", "",
+               R().Set("lsPairs", pq)});
+  return c;
+}
+
+// Shapes whose composite records are not written yet; they must not be
+// reported as built.
+const std::set<std::string> kNotBuilt = {
+    "SendStringAndDerivativesBaseAssetsList", "SendStringAndClassListForCurrency", "SendStringAndStringListToTag",
+    "SendStringAndArrayOfStringListToClass", "SendStringAndArrayOfStringListToSec", "SendTwoStringAndStringListToTag",
+    "SendTwoStringAndArrayOfStringListToClass", "SendTwoStringAndArrayOfStringListToSec",
+    "SendTwoStringAndStringListToCurrency", "SendStringAndArrayIntForString", "SendTwoStringsAndArrayIntForString",
+    "SendTwoStringsAndArrayCurrencyWithDiscount",
+    "SendThreeStringsAndArrayCurrencyWithDiscount", "SendStringAndArrayIntForStringForString",
+    "SendTwoStringsAndArrayIntForStringForString", "SendStringAndIntWithArrayOfTwoStringsAndArrayStrings",
+    "SendString_GetDerivativesBaseAssetsList", 
+    "SendStringWithInt_GetClassToSettleCodeList", "GetChangeFutClientCodesByFirmFromGlobalEx",
+    "SendString_GetClassListForCurrency", "SendString_GetStringListToTag", "SendString_GetArrayOfStringListToClass",
+    "SendString_GetArrayOfStringListToSec", "SendTwoStrings_GetStringListToTag",
+    "SendTwoStrings_GetArrayOfStringListToClass", "SendTwoStrings_GetArrayOfStringListToSec",
+    "SendTwoStrings_GetStringListToCurrency", "SendString_GetArrayIntForString", "SendTwoStrings_GetArrayIntForString",
+    "SendTwoStrings_GetArrayCurrencyWithDiscount",
+    "SendThreeStrings_GetArrayCurrencyWithDiscount", "SendString_GetArrayIntForStringForString",
+    "SendTwoStrings_GetArrayIntForStringForString", "SendStringWithInt_GetArrayOfTwoStringsAndArrayStrings",
+    "SendStringWithInt_GetClassToSettleCodeToSecList"};
+
+class ShapeTableTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    env_.noteChange = [this](const std::string& firm, std::string line) { changes_.emplace_back(firm, line); };
+    env_.freeMemory = [this](const char* firm, void** block) {
+      fake_.freedThrough.emplace_back(firm);
+      auto it = fake_.handedOut.find(*block);
+      if (it == fake_.handedOut.end()) return 4;
+      it->second();
+      fake_.handedOut.erase(it);
+      *block = nullptr;
+      return 0;
+    };
+  }
+
+  int Run(EAdapterShape shape, std::vector<unsigned char>& data) {
+    fake_.call.clear();
+    auto fn = [this](auto... args) {
+      (fake_.Arg(args), ...);
+      if (fake_.answer != 0) fake_.Fail();
+      return fake_.answer;
+    };
+    return RunShape(shape, fn, "Cmd", data, "HOLDER", env_);
+  }
+
+  TAdapterEnv env_;
+  TFakeSettings fake_;
+  std::vector<std::pair<std::string, std::string>> changes_;
+};
+
+TEST_F(ShapeTableTest, EveryShapeOfTheTableIsBuiltAndTestedOrListedAsNotBuilt) {
+  std::set<std::string> tested;
+  for (const TCase& c : Cases()) tested.insert(TestShapeName(c.shape));
+  std::size_t rows = 0;
+#define ZDL_SHAPE(name, kind)                                                                       \
+  ++rows;                                                                                           \
+  if (TShape<EAdapterShape::name>::kBuilt) {                                                        \
+    EXPECT_TRUE(tested.count(#name)) << #name << " is built but has no case";                      \
+    EXPECT_FALSE(kNotBuilt.count(#name)) << #name << " is built but listed as not built";           \
+  } else {                                                                                          \
+    EXPECT_TRUE(kNotBuilt.count(#name)) << #name << " is neither built nor listed as not built";    \
+  }
+#include "api/AdapterShapes.def"
+#undef ZDL_SHAPE
+  EXPECT_EQ(rows, 85u);
+  EXPECT_EQ(DL::Adapters::kBuiltShapeCount + kNotBuilt.size(), 85u);
+  EXPECT_EQ(tested.size(), DL::Adapters::kBuiltShapeCount);
+}
+
+TEST_F(ShapeTableTest, EachShapeCallsInOrderRepliesByteForByteAndNotesItsLine) {
+  for (const TCase& c : Cases()) {
+    SCOPED_TRACE(TestShapeName(c.shape));
+    changes_.clear();
+    fake_.freedThrough.clear();
+    std::vector<unsigned char> data = c.request.Block();
+    ASSERT_EQ(Run(c.shape, data), 0);
+    EXPECT_EQ(fake_.Call(), c.call);
+    if (IsReadShape(c.shape)) {
+      // The reply holds the request's fields with the result put in.
+      EXPECT_TRUE(changes_.empty());
+      EXPECT_TRUE(fake_.handedOut.empty()) << "a result was not released";
+      for (const std::string& f : fake_.freedThrough) EXPECT_EQ(f, "F1");
+      EXPECT_EQ(data, c.request.Merged(c.replyExtra).Block());
+    } else {
+      EXPECT_EQ(data, c.request.Block()) << "a sending shape leaves the block as it came";
+      ASSERT_EQ(changes_.size(), 1u);
+      EXPECT_EQ(changes_[0].first, "HOLDER");
+      EXPECT_EQ(changes_[0].second, c.line);
+    }
+  }
+}
+
+TEST_F(ShapeTableTest, EachShapeTurnsAFailureIntoCodePlus1000AndLeavesAll) {
+  fake_.answer = 3;
+  for (const TCase& c : Cases()) {
+    SCOPED_TRACE(TestShapeName(c.shape));
+    changes_.clear();
+    std::vector<unsigned char> data = c.request.Block();
+    EXPECT_EQ(Run(c.shape, data), 1003);
+    EXPECT_EQ(data, c.request.Block());
+    EXPECT_TRUE(changes_.empty());
+  }
+}
+
+TEST_F(ShapeTableTest, EmptyBlockGoesOutWithAnEmptyFirmCode) {
+  std::vector<unsigned char> data;
+  auto fn = [](const char* firm) { return firm[0] == '\0' ? 2 : 0; };
+  EXPECT_EQ(TShape<EAdapterShape::SendOneString>::Run(fn, "Cmd", data, "HOLDER", env_), 1002);
+  EXPECT_TRUE(changes_.empty());
+  EXPECT_TRUE(data.empty());
+}
+
+TEST_F(ShapeTableTest, EmptyListsGoOutAsNullArrays) {
+  std::vector<unsigned char> data = R().Set("firmCode", std::string("F1")).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendStringAndArrayStrings, data), 0);
+  EXPECT_EQ(fake_.Call(), "F1|null");
+  ASSERT_EQ(changes_.size(), 1u);
+  EXPECT_EQ(changes_[0].second, "Cmd,main,,0NULL");
+  data = R().Set("firmCode", std::string("F1")).Set("strParam", std::string("A")).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendTwoStringsAndArrayDoubleNumbers, data), 0);
+  EXPECT_EQ(fake_.Call(), "F1|A|null");
+  EXPECT_EQ(changes_[1].second, "Cmd,main,\"A\",0NULL");
+}
+
+TEST_F(ShapeTableTest, ChangeLineGoesUnderTheCallersFirmNotTheRecords) {
+  std::vector<unsigned char> data = R().Set("firmCode", std::string("B")).Set("boolParam1", true).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendOneStringAndBool, data), 0);
+  EXPECT_EQ(fake_.Call(), "B|b1");
+  ASSERT_EQ(changes_.size(), 1u);
+  EXPECT_EQ(changes_[0].first, "HOLDER");
+}
+
+TEST_F(ShapeTableTest, EmptyFunctionThrows) {
+  std::vector<unsigned char> data = R().Set("firmCode", std::string("F1")).Set("lsStrings", Strings{"x"}).Block();
+  std::function<int(const char*, ZDL_ArrayStrings*)> empty;
+  EXPECT_THROW(TShape<EAdapterShape::SendStringAndArrayStrings>::Run(empty, "Cmd", data, "HOLDER", env_),
+               std::bad_function_call);
+  EXPECT_TRUE(changes_.empty());
+}
+
+TEST_F(ShapeTableTest, EveryCutOfEveryRequestDecodesWithoutHarm) {
+  // A block cut short anywhere decodes to what it still carries (or to
+  // defaults); the call goes out and nothing breaks.
+  for (const TCase& c : Cases()) {
+    SCOPED_TRACE(TestShapeName(c.shape));
+    const TestWire::Bytes whole = c.request.Block();
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+      std::vector<unsigned char> data(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+      changes_.clear();
+      EXPECT_EQ(Run(c.shape, data), 0);
+      EXPECT_TRUE(fake_.handedOut.empty());
+    }
+  }
+}
+
+TEST_F(ShapeTableTest, AListClaimingAHugeCountInAShortBlockGivesNoList) {
+  // "lsStrings" says 1073741823 elements but the block ends right after.
+  TestWire::Bytes data = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01, 0x04};
+  const char name[] = "lsStrings";
+  data.insert(data.end(), name, name + sizeof name);
+  data.push_back(0x03);
+  TestWire::Compact(data, 0x3FFFFFFF);
+  ASSERT_EQ(Run(EAdapterShape::SendStringAndArrayStrings, data), 0);
+  EXPECT_EQ(fake_.Call(), "|null");
+  ASSERT_EQ(changes_.size(), 1u);
+  EXPECT_EQ(changes_[0].second, "Cmd,main,,0NULL");
+}
+
+TEST_F(ShapeTableTest, FieldsOfTheWrongTypeReadAsDefaultsOrTheirLowBytes) {
+  // "intParam1" sent as a string and "firmCode" sent as an int.
+  std::vector<unsigned char> data = R().Set("firmCode", 5).Set("intParam1", std::string("7")).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendOneStringAndInt, data), 0);
+  ASSERT_EQ(fake_.call.size(), 2u);
+  EXPECT_EQ(fake_.call[1], "i55");  // the two bytes "7\0" land in the low bytes of 0
+}
+
+}  // namespace
