@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "base/TMemory.h"
@@ -71,7 +72,10 @@ struct TSettingToStrSource {
 // The sections a save has written, by the address of their name in the
 // section map; whatever is left is copied raw at the end.
 
-using TSettingToStrFunc = void (TStorageHub::*)(std::string& out, const TSettingToStrSource& src) const;
+// A rendering function as the maps hold it: a plain function that calls a
+// member of the hub or of one of its components (RenderWith below), so that a
+// family's rendering can live in the component that owns the family.
+using TSettingToStrFunc = void (*)(const TStorageHub& hub, std::string& out, const TSettingToStrSource& src);
 using TGlobalParseFunc = void (TStorageHub::*)(const TIniKeyMap& keys);
 
 // The hub's dispatch tables: four rendering maps, keyed by a section code or
@@ -131,6 +135,11 @@ class TStorageHub : public IFirmSettings {
   // section stays raw text, which the save copies. Empty today.
   static const std::vector<std::string>& PendingLoadSteps();
   static bool IsPendingLoadStep(const std::string& name);
+
+  // The component of type C that the hub holds (one specialisation per
+  // component whose members a rendering map names).
+  template <class C>
+  const C& Component() const;
 
   // The engine log; not owned, null while logging is off.
   void SetLogWriter(TLogWriter* log) { m_log = log; }
@@ -753,5 +762,25 @@ class TStorageHub : public IFirmSettings {
   using TRepoTermsByBoard = std::unordered_map<std::string, int, TBoardTariffs::THash, std::equal_to<>>;
   std::optional<TRepoTermsByBoard> m_repoTermsByUpperBoard;  // board -> days
 };
+
+// The class that declares a rendering member function.
+template <class T>
+struct TRenderOwner;
+template <class C, class F>
+struct TRenderOwner<F C::*> {
+  using Type = C;
+};
+
+// The map entry of a rendering member function
+//   void F(std::string& out, const TSettingToStrSource& src) const
+// of the hub itself or of a component the hub hands out by Component<C>().
+template <auto Member>
+void RenderWith(const TStorageHub& hub, std::string& out, const TSettingToStrSource& src) {
+  using Owner = typename TRenderOwner<decltype(Member)>::Type;
+  if constexpr (std::is_same_v<Owner, TStorageHub>)
+    (hub.*Member)(out, src);
+  else
+    (hub.Component<Owner>().*Member)(out, src);
+}
 
 }  // namespace DL
