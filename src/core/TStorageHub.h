@@ -35,6 +35,8 @@
 #include "core/TPortRiskSection.h"
 #include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
+#include "core/TRestrictionSettings.h"
+#include "core/TSettingToStrSource.h"
 #include "core/TUniversalParser.h"
 #include "core/TUserSettings.h"
 #include "core/TVolumeCommissionSettings.h"
@@ -48,29 +50,7 @@ class TLogWriter;
 namespace DL {
 
 class TStorageHub;
-struct TRestrictions;
-struct TClientSecurityRestrictions;
-struct TClientMarginRestrictions;
 class TCacheOfClientMarginRestrictions;
-
-// What a rendering function writes from: the kind of the section being
-// written (TIniParser::ESectType), its name, its raw parameters (null when
-// the text has no such section), and the parsed object of the section when
-// it is written from a cache (a client, template or limit-kind section).
-// With no parsed object a rendering function writes from the global home of
-// its setting.
-struct TSettingToStrSource {
-  int kind = TIniParser::SectGlobal;
-  std::string section;
-  const TIniKeyMap* keys = nullptr;
-  const TRestrictions* restrictions = nullptr;                   // restriction template
-  const TClientSecurityRestrictions* securityRestrictions = nullptr;  // client, client template
-  const TClientMarginRestrictions* marginRestrictions = nullptr;      // margin section
-  int limitKind = 0;                                                  // margin section
-};
-
-// The sections a save has written, by the address of their name in the
-// section map; whatever is left is copied raw at the end.
 
 // A rendering function as the maps hold it: a plain function that calls a
 // member of the hub or of one of its components (RenderWith below), so that a
@@ -695,22 +675,16 @@ class TStorageHub : public IFirmSettings {
   TCacheOfTariffPlans m_tariffPlans;
   TCacheOfTariffPlansWithCommRates m_tariffPlansWithCommRates;
   std::vector<std::string> m_commScaleBoardList;  // written by ClientCommSettings
-  // ---- Restrictions cache ----
+  // ---- Restrictions (component) ----
  public:
-  // The parsed order restrictions (global sections and restriction
-  // templates); built at load and rebuilt by InitLite.
-  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictionsCache.get(); }
-  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictionsCache.get(); }
+  // The order restrictions: the cache of the global sections and restriction
+  // templates (built at load and rebuilt by InitLite) and their rendering.
+  const TRestrictionSettings& Restrictions() const { return m_restrictions; }
+  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictions.Cache(); }
+  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictions.Cache(); }
 
  private:
-  // One restriction setting (the enum of HubRestrictions.cpp): its lines in
-  // a restriction template section, or as a global section its section from
-  // the parsed object (src.restrictions, else the global object); with
-  // globalFromObject false, or no object, the raw section is copied. Lines
-  // of a global section that the object does not read follow as they stand.
-  void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
-                               bool globalFromObject) const;
-  std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
+  TRestrictionSettings m_restrictions;
   // ---- Volume-based commission (component) ----
  public:
   // The volume-based commission sections of the firm, its templates and clients.
@@ -762,6 +736,11 @@ class TStorageHub : public IFirmSettings {
   using TRepoTermsByBoard = std::unordered_map<std::string, int, TBoardTariffs::THash, std::equal_to<>>;
   std::optional<TRepoTermsByBoard> m_repoTermsByUpperBoard;  // board -> days
 };
+
+template <>
+inline const TRestrictionSettings& TStorageHub::Component<TRestrictionSettings>() const {
+  return m_restrictions;
+}
 
 // The class that declares a rendering member function.
 template <class T>
