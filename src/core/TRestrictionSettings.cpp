@@ -237,6 +237,9 @@ void TRestrictionSettings::SettingToStrSectionRestrictREPOWithCPBasedOnTerm(std:
   Render(out, src, IsSoftSection(src.section) ? rsSoftRepoTerm : rsRepoTerm, true);
 }
 
+// The restriction template settings. The global section of
+// "RestrictREPOByFirstPartSide" is not read into the global object, so it is
+// copied as it stands.
 #define ZDL_RESTRICTION_RENDER(function, setting, globalFromObject)                                \
   void TRestrictionSettings::function(std::string& out, const TSettingToStrSource& src) const { \
     Render(out, src, setting, globalFromObject);                                                   \
@@ -250,6 +253,21 @@ ZDL_RESTRICTION_RENDER(SettingToStrSoft_RestrictMaxValueForSettlementCurrencyToR
 ZDL_RESTRICTION_RENDER(SettingToStrRestrictREPOWithCPBasedOnTermToRestrictionTemplate, rsRepoTerm, true)
 ZDL_RESTRICTION_RENDER(SettingToStrSoft_RestrictREPOWithCPBasedOnTermToRestrictionTemplate, rsSoftRepoTerm, true)
 ZDL_RESTRICTION_RENDER(SettingToStrMaxSettleDateByAssetTypeToRestrictionTemplate, rsMaxSettleDate, true)
+ZDL_RESTRICTION_RENDER(SettingToStrProhibitREPOByFirstPartSideAndTermToRestrictionTemplate, rsProhibitRepo, true)
+ZDL_RESTRICTION_RENDER(SettingToStrRestrictREPOByFirstPartSideToRestrictionTemplate, rsRestrictRepoByFirstPartSide, false)
+ZDL_RESTRICTION_RENDER(SettingToStrSecurityAllowedToRestrictionTemplate, rsSecurityAllowed, true)
+ZDL_RESTRICTION_RENDER(SettingToStrSecurityRestrictedToRestrictionTemplate, rsSecurityRestricted, true)
+ZDL_RESTRICTION_RENDER(SettingToStrSoft_ProhibitREPOByFirstPartSideAndTermToRestrictionTemplate, rsSoftProhibitRepo, true)
+ZDL_RESTRICTION_RENDER(SettingToStrSoft_SecurityAllowedToRestrictionTemplate, rsSoftSecurityAllowed, true)
+ZDL_RESTRICTION_RENDER(SettingToStrSoft_SecurityRestrictedToRestrictionTemplate, rsSoftSecurityRestricted, true)
+ZDL_RESTRICTION_RENDER(SettingToStrAllowedISINPrefixToRestrictionTemplate, rsAllowedISINPrefix, true)
+ZDL_RESTRICTION_RENDER(SettingToStrMaxOrderQuantityToRestrictionTemplate, rsMaxOrderQuantity, true)
+ZDL_RESTRICTION_RENDER(SettingToStrMaxPositionLimitToRestrictionTemplate, rsMaxPositionLimit, true)
+ZDL_RESTRICTION_RENDER(SettingToStrMinOrderQuantityToRestrictionTemplate, rsMinOrderQuantity, true)
+ZDL_RESTRICTION_RENDER(SettingToStrRestOrdVolumeByAvgTurnoverToRestrictionTemplate, rsRestOrdVolume, true)
+ZDL_RESTRICTION_RENDER(SettingToStrSoft_RestOrdVolumeByAvgTurnoverToRestrictionTemplate, rsSoftRestOrdVolume, true)
+ZDL_RESTRICTION_RENDER(SettingToStrPriceLimitByTimeToRestrictionTemplate, rsPriceLimitByTime, true)
+ZDL_RESTRICTION_RENDER(SettingToStrAccessToComplexInstrumentsToRestrictionTemplate, rsAccessToComplexInstruments, true)
 #undef ZDL_RESTRICTION_RENDER
 
 }  // namespace DL

@@ -78,6 +78,23 @@ class TRestrictionSettings {
   void SettingToStrMaxSettleDateByAssetTypeToRestrictionTemplate(std::string& out,
                                                                  const TSettingToStrSource& src) const;
 
+  // ---- The other restriction settings (restriction template form) ----
+  void SettingToStrProhibitREPOByFirstPartSideAndTermToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrRestrictREPOByFirstPartSideToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSecurityAllowedToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSecurityRestrictedToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSoft_ProhibitREPOByFirstPartSideAndTermToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSoft_SecurityAllowedToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSoft_SecurityRestrictedToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrAllowedISINPrefixToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrMaxOrderQuantityToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrMaxPositionLimitToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrMinOrderQuantityToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrRestOrdVolumeByAvgTurnoverToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrSoft_RestOrdVolumeByAvgTurnoverToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrPriceLimitByTimeToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+  void SettingToStrAccessToComplexInstrumentsToRestrictionTemplate(std::string& out, const TSettingToStrSource& src) const;
+
  private:
   std::unique_ptr<TCacheOfRestrictions> m_cache;
 };
