@@ -201,7 +201,7 @@ void TStorageHub::AppendClientAndTemplateRows(std::string& text, TWrittenSection
     if (it == sections.end() || !written.insert(&it->first).second) return;
     TSettingToStrSource parsed;
     parsed.kind = TIniParser::SectClientTemplate;
-    parsed.securityRestrictions = ParsedSecurityRestrictionsOfSection(it->first);
+    parsed.securityRestrictions = m_securityRestrictions.ParsedSection(it->first);
     text += GetRowFromSettings(it, isTemplate, parsed);
   };
   for (const auto& [client, it] : m_parser->GetClientSettings()) append(it, false);

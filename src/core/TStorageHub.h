@@ -36,6 +36,7 @@
 #include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
 #include "core/TRestrictionSettings.h"
+#include "core/TSecurityRestrictionSettings.h"
 #include "core/TSettingToStrSource.h"
 #include "core/TUniversalParser.h"
 #include "core/TUserSettings.h"
@@ -253,7 +254,7 @@ class TStorageHub : public IFirmSettings {
   void BuildSettingCaches();            // step 11
   void BuildClientSettingsCaches();     // step 11: client settings and commission scales
   void BuildClientMarginRestrictionsCache();  // step 11
-  void BuildSecurityRestrictionsCache();      // step 11
+  void BuildSecurityRestrictionsCache() { m_securityRestrictions.Build(*m_parser, *this); }  // step 11
   void BuildRestrictionsCache();              // step 11
   void ParseCurrencyReplacement();      // step 9
   void ParseOldFormSectionLists();      // step 15
@@ -276,9 +277,6 @@ class TStorageHub : public IFirmSettings {
   void AppendCurrencyReplacementRows(std::string& text, TWrittenSections& written) const;    // 12
   void AppendMarginSettingsRows(std::string& text, TWrittenSections& written) const;         // 13 to 16
   void AppendRestrictionTemplateRows(std::string& text, TWrittenSections& written) const;    // 17
-  // The parsed security restrictions of a client or client template
-  // section, null when the section has not been parsed.
-  const TClientSecurityRestrictions* ParsedSecurityRestrictionsOfSection(const std::string& section) const;
   void ParseComplexFIApprovedClients_Lite(const TIniParser& source);
   void ParseComplexInstruments_Lite(const TIniParser& source);
   void ReloadRestrictionTemplates(const TIniParser& source);
@@ -472,14 +470,15 @@ class TStorageHub : public IFirmSettings {
   TKeyedSection<std::string> m_positionPriceCurrency;
   TClassList m_moexCommissionExportClasses;
   TRawLines m_moexCommissionExportClassesRaw;
-  // ---- Security restrictions cache ----
+  // ---- Security restrictions (component) ----
  public:
-  // Built in step 11 of the load; null only while the load has not reached
-  // that step.
-  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.get(); }
+  // Built in step 11 of the load; the cache is null only while the load has
+  // not reached that step.
+  const TSecurityRestrictionSettings& SecurityRestrictions() const { return m_securityRestrictions; }
+  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.Cache(); }
 
  private:
-  std::unique_ptr<TCacheOfSecurityRestrictions> m_securityRestrictions;
+  TSecurityRestrictionSettings m_securityRestrictions;
   // ---- Section lists, tag sections, user settings ----
  public:
   // Currency replacement sections ("Currency", "Currency2", "Currency_..."),
@@ -740,6 +739,11 @@ class TStorageHub : public IFirmSettings {
 template <>
 inline const TRestrictionSettings& TStorageHub::Component<TRestrictionSettings>() const {
   return m_restrictions;
+}
+
+template <>
+inline const TSecurityRestrictionSettings& TStorageHub::Component<TSecurityRestrictionSettings>() const {
+  return m_securityRestrictions;
 }
 
 // The class that declares a rendering member function.
