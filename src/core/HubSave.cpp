@@ -35,7 +35,7 @@ bool KeyMatches(const std::string& keyUp, const std::string& nameUp, std::int32_
 bool IsRawRenderFunction(TSettingToStrFunc function) {
   static const TSettingToStrFunc kRaw[] = {
 #define ZDL_HUB_RENDER_FUNC_Hub(name)
-#define ZDL_HUB_RENDER_FUNC_Raw(name) &TStorageHub::name,
+#define ZDL_HUB_RENDER_FUNC_Raw(name) &RenderWith<&TStorageHub::name>,
 #define ZDL_HUB_RENDER_FUNC(name, home) ZDL_HUB_RENDER_FUNC_##home(name)
 #include "core/HubRenderFunctions.def"
 #undef ZDL_HUB_RENDER_FUNC
@@ -184,7 +184,7 @@ std::string TStorageHub::GetRowFromSettings(TIniSectionsMap::const_iterator it, 
       continue;
     }
     // The function writes every key of its setting at once.
-    if (done.insert(match->key).second) (this->*(map->at(match->key)))(rendered, src);
+    if (done.insert(match->key).second) map->at(match->key)(*this, rendered, src);
   }
   std::string row = "[" + it->first + "]\n";
   if (isTemplate)
@@ -201,7 +201,7 @@ void TStorageHub::AppendClientAndTemplateRows(std::string& text, TWrittenSection
     if (it == sections.end() || !written.insert(&it->first).second) return;
     TSettingToStrSource parsed;
     parsed.kind = TIniParser::SectClientTemplate;
-    parsed.securityRestrictions = ParsedSecurityRestrictionsOfSection(it->first);
+    parsed.securityRestrictions = m_securityRestrictions.ParsedSection(it->first);
     text += GetRowFromSettings(it, isTemplate, parsed);
   };
   for (const auto& [client, it] : m_parser->GetClientSettings()) append(it, false);

@@ -66,7 +66,7 @@ TDispatchTables TDispatchTables::Build() {
 #define ZDL_HUB_MAP_MarginTemplate marginTemplate
 #define ZDL_HUB_MAP_RestrictionTemplate restrictionTemplate
 #define ZDL_HUB_RENDER(map, kind, code, function) \
-  t.ZDL_HUB_MAP_##map.emplace(ZDL_HUB_KEY_##kind(code), &TStorageHub::function);
+  t.ZDL_HUB_MAP_##map.emplace(ZDL_HUB_KEY_##kind(code), &RenderWith<&function>);
 #include "core/HubRenderTables.def"
 #undef ZDL_HUB_RENDER
 #undef ZDL_HUB_MAP_RestrictionTemplate
@@ -466,7 +466,7 @@ namespace {
 void Dispatch(const TStorageHub& hub, const std::map<int, TSettingToStrFunc>& map, std::string& out, int code,
               const TSettingToStrSource& src) {
   auto it = map.find(code);
-  if (it != map.end()) (hub.*(it->second))(out, src);
+  if (it != map.end()) it->second(hub, out, src);
 }
 
 // A general parameter's value as text and whether it is at its default.

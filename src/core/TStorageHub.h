@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "base/TMemory.h"
@@ -34,6 +35,9 @@
 #include "core/TPortRiskSection.h"
 #include "core/TPortfolioRiskSettings.h"
 #include "core/TPortfolioSpread.h"
+#include "core/TRestrictionSettings.h"
+#include "core/TSecurityRestrictionSettings.h"
+#include "core/TSettingToStrSource.h"
 #include "core/TUniversalParser.h"
 #include "core/TUserSettings.h"
 #include "core/TVolumeCommissionSettings.h"
@@ -47,31 +51,12 @@ class TLogWriter;
 namespace DL {
 
 class TStorageHub;
-struct TRestrictions;
-struct TClientSecurityRestrictions;
-struct TClientMarginRestrictions;
 class TCacheOfClientMarginRestrictions;
 
-// What a rendering function writes from: the kind of the section being
-// written (TIniParser::ESectType), its name, its raw parameters (null when
-// the text has no such section), and the parsed object of the section when
-// it is written from a cache (a client, template or limit-kind section).
-// With no parsed object a rendering function writes from the global home of
-// its setting.
-struct TSettingToStrSource {
-  int kind = TIniParser::SectGlobal;
-  std::string section;
-  const TIniKeyMap* keys = nullptr;
-  const TRestrictions* restrictions = nullptr;                   // restriction template
-  const TClientSecurityRestrictions* securityRestrictions = nullptr;  // client, client template
-  const TClientMarginRestrictions* marginRestrictions = nullptr;      // margin section
-  int limitKind = 0;                                                  // margin section
-};
-
-// The sections a save has written, by the address of their name in the
-// section map; whatever is left is copied raw at the end.
-
-using TSettingToStrFunc = void (TStorageHub::*)(std::string& out, const TSettingToStrSource& src) const;
+// A rendering function as the maps hold it: a plain function that calls a
+// member of the hub or of one of its components (RenderWith below), so that a
+// family's rendering can live in the component that owns the family.
+using TSettingToStrFunc = void (*)(const TStorageHub& hub, std::string& out, const TSettingToStrSource& src);
 using TGlobalParseFunc = void (TStorageHub::*)(const TIniKeyMap& keys);
 
 // The hub's dispatch tables: four rendering maps, keyed by a section code or
@@ -131,6 +116,11 @@ class TStorageHub : public IFirmSettings {
   // section stays raw text, which the save copies. Empty today.
   static const std::vector<std::string>& PendingLoadSteps();
   static bool IsPendingLoadStep(const std::string& name);
+
+  // The component of type C that the hub holds (one specialisation per
+  // component whose members a rendering map names).
+  template <class C>
+  const C& Component() const;
 
   // The engine log; not owned, null while logging is off.
   void SetLogWriter(TLogWriter* log) { m_log = log; }
@@ -264,7 +254,7 @@ class TStorageHub : public IFirmSettings {
   void BuildSettingCaches();            // step 11
   void BuildClientSettingsCaches();     // step 11: client settings and commission scales
   void BuildClientMarginRestrictionsCache();  // step 11
-  void BuildSecurityRestrictionsCache();      // step 11
+  void BuildSecurityRestrictionsCache() { m_securityRestrictions.Build(*m_parser, *this); }  // step 11
   void BuildRestrictionsCache();              // step 11
   void ParseCurrencyReplacement();      // step 9
   void ParseOldFormSectionLists();      // step 15
@@ -287,9 +277,6 @@ class TStorageHub : public IFirmSettings {
   void AppendCurrencyReplacementRows(std::string& text, TWrittenSections& written) const;    // 12
   void AppendMarginSettingsRows(std::string& text, TWrittenSections& written) const;         // 13 to 16
   void AppendRestrictionTemplateRows(std::string& text, TWrittenSections& written) const;    // 17
-  // The parsed security restrictions of a client or client template
-  // section, null when the section has not been parsed.
-  const TClientSecurityRestrictions* ParsedSecurityRestrictionsOfSection(const std::string& section) const;
   void ParseComplexFIApprovedClients_Lite(const TIniParser& source);
   void ParseComplexInstruments_Lite(const TIniParser& source);
   void ReloadRestrictionTemplates(const TIniParser& source);
@@ -483,14 +470,15 @@ class TStorageHub : public IFirmSettings {
   TKeyedSection<std::string> m_positionPriceCurrency;
   TClassList m_moexCommissionExportClasses;
   TRawLines m_moexCommissionExportClassesRaw;
-  // ---- Security restrictions cache ----
+  // ---- Security restrictions (component) ----
  public:
-  // Built in step 11 of the load; null only while the load has not reached
-  // that step.
-  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.get(); }
+  // Built in step 11 of the load; the cache is null only while the load has
+  // not reached that step.
+  const TSecurityRestrictionSettings& SecurityRestrictions() const { return m_securityRestrictions; }
+  const TCacheOfSecurityRestrictions* GetSecurityRestrictionsCache() const { return m_securityRestrictions.Cache(); }
 
  private:
-  std::unique_ptr<TCacheOfSecurityRestrictions> m_securityRestrictions;
+  TSecurityRestrictionSettings m_securityRestrictions;
   // ---- Section lists, tag sections, user settings ----
  public:
   // Currency replacement sections ("Currency", "Currency2", "Currency_..."),
@@ -686,22 +674,16 @@ class TStorageHub : public IFirmSettings {
   TCacheOfTariffPlans m_tariffPlans;
   TCacheOfTariffPlansWithCommRates m_tariffPlansWithCommRates;
   std::vector<std::string> m_commScaleBoardList;  // written by ClientCommSettings
-  // ---- Restrictions cache ----
+  // ---- Restrictions (component) ----
  public:
-  // The parsed order restrictions (global sections and restriction
-  // templates); built at load and rebuilt by InitLite.
-  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictionsCache.get(); }
-  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictionsCache.get(); }
+  // The order restrictions: the cache of the global sections and restriction
+  // templates (built at load and rebuilt by InitLite) and their rendering.
+  const TRestrictionSettings& Restrictions() const { return m_restrictions; }
+  TCacheOfRestrictions* GetRestrictionsCache() { return m_restrictions.Cache(); }
+  const TCacheOfRestrictions* GetRestrictionsCache() const { return m_restrictions.Cache(); }
 
  private:
-  // One restriction setting (the enum of HubRestrictions.cpp): its lines in
-  // a restriction template section, or as a global section its section from
-  // the parsed object (src.restrictions, else the global object); with
-  // globalFromObject false, or no object, the raw section is copied. Lines
-  // of a global section that the object does not read follow as they stand.
-  void SettingToStrRestriction(std::string& out, const TSettingToStrSource& src, int setting,
-                               bool globalFromObject) const;
-  std::unique_ptr<TCacheOfRestrictions> m_restrictionsCache;
+  TRestrictionSettings m_restrictions;
   // ---- Volume-based commission (component) ----
  public:
   // The volume-based commission sections of the firm, its templates and clients.
@@ -753,5 +735,35 @@ class TStorageHub : public IFirmSettings {
   using TRepoTermsByBoard = std::unordered_map<std::string, int, TBoardTariffs::THash, std::equal_to<>>;
   std::optional<TRepoTermsByBoard> m_repoTermsByUpperBoard;  // board -> days
 };
+
+template <>
+inline const TRestrictionSettings& TStorageHub::Component<TRestrictionSettings>() const {
+  return m_restrictions;
+}
+
+template <>
+inline const TSecurityRestrictionSettings& TStorageHub::Component<TSecurityRestrictionSettings>() const {
+  return m_securityRestrictions;
+}
+
+// The class that declares a rendering member function.
+template <class T>
+struct TRenderOwner;
+template <class C, class F>
+struct TRenderOwner<F C::*> {
+  using Type = C;
+};
+
+// The map entry of a rendering member function
+//   void F(std::string& out, const TSettingToStrSource& src) const
+// of the hub itself or of a component the hub hands out by Component<C>().
+template <auto Member>
+void RenderWith(const TStorageHub& hub, std::string& out, const TSettingToStrSource& src) {
+  using Owner = typename TRenderOwner<decltype(Member)>::Type;
+  if constexpr (std::is_same_v<Owner, TStorageHub>)
+    (hub.*Member)(out, src);
+  else
+    (hub.Component<Owner>().*Member)(out, src);
+}
 
 }  // namespace DL

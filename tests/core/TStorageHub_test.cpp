@@ -46,9 +46,9 @@ TEST(HubDispatchTablesTest, TheProgramTablesPassTheCheck) {
 TEST(HubDispatchTablesTest, RenderingMapsAreKeyedBySectionCodeOrParamCodePlus109) {
   const TDispatchTables t = TDispatchTables::Build();
   EXPECT_EQ(t.global.count(DL::iscGeneral), 1u);
-  EXPECT_EQ(t.global.at(DL::iscGeneral), &TStorageHub::SettingToStrGlobalGeneral);
+  EXPECT_EQ(t.global.at(DL::iscGeneral), &DL::RenderWith<&TStorageHub::SettingToStrGlobalGeneral>);
   EXPECT_EQ(t.global.at(DL::iscSoft_RestrictREPOWithCPBasedOnTerm),
-            &TStorageHub::SettingToStrSectionRestrictREPOWithCPBasedOnTerm);
+            &DL::RenderWith<&DL::TRestrictionSettings::SettingToStrSectionRestrictREPOWithCPBasedOnTerm>);
   EXPECT_EQ(TDispatchTables::ParamKey(TIniParser::ipcUseDiscountsType), 184 + 109);
   EXPECT_EQ(t.marginTemplate.count(184 + 109), 1u);
   EXPECT_EQ(t.marginTemplate.count(DL::iscBoardTag), 1u);

@@ -1,4 +1,4 @@
-// Security restrictions of the hub: the cache of step 11, and the rendering
+// The security restrictions component: the rendering
 // of the settings it holds. A rendering function writes every key of its
 // setting at once: with a parsed client or template object (the save's
 // steps 1 and 2) the lines of that section, without the key text of the
@@ -6,9 +6,8 @@
 // header included.
 #include <memory>
 
-#include "cache/TCacheOfSecurityRestrictions.h"
 #include "base/TextHelpers.h"
-#include "core/TStorageHub.h"
+#include "core/TSecurityRestrictionSettings.h"
 
 namespace DL {
 
@@ -83,81 +82,81 @@ void RenderSecurityRestrictions(std::string& out, const TSettingToStrSource& src
     AppendSection(out, src.section, lines);
 }
 
+// The section given, header and lines, as it stands; nothing when empty.
+void RawSection(std::string& out, const TSettingToStrSource& src) {
+  std::string lines;
+  if (src.keys != nullptr)
+    for (const auto& [key, value] : *src.keys) AppendLine(lines, key, value);
+  AppendSection(out, src.section, lines);
+}
+
 }  // namespace
-
-void TStorageHub::BuildSecurityRestrictionsCache() {
-  m_securityRestrictions = std::make_unique<TCacheOfSecurityRestrictions>(*m_parser, *this);
-}
-
-const TClientSecurityRestrictions* TStorageHub::ParsedSecurityRestrictionsOfSection(const std::string& section) const {
-  return m_securityRestrictions ? m_securityRestrictions->FindParsedSection(section) : nullptr;
-}
 
 // ---- Rendering ----
 
-void TStorageHub::SettingToStrSectionRestrictSecurity(std::string& out, const TSettingToStrSource& src) const {
+void TSecurityRestrictionSettings::SettingToStrSectionRestrictSecurity(std::string& out, const TSettingToStrSource& src) const {
   const TClientSecurityRestrictions* global =
-      m_securityRestrictions ? m_securityRestrictions->GetGlobalSettings() : nullptr;
+      m_cache ? m_cache->GetGlobalSettings() : nullptr;
   if (global == nullptr) return;
   std::string lines;
   ClassToListToStr(lines, false, P::ipc_RESTSECURITY, global->restSecurity);
   AppendSection(out, src.section, lines);
 }
 
-void TStorageHub::SettingToStrAllowedPartnersAndSettleCodesToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrAllowedPartnersAndSettleCodesToClientTemplate(std::string& out,
                                                                             const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PartnersToStr(lines, client, P::ipcAllowedPartnersAndSettleCodes_,
                                              o.allowedPartnersAndSettleCodes);
                              });
 }
 
-void TStorageHub::SettingToStrProhibitedPartnersAndSettleCodesToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrProhibitedPartnersAndSettleCodesToClientTemplate(std::string& out,
                                                                                const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PartnersToStr(lines, client, P::ipcProhibitedPartnersAndSettleCodes_,
                                              o.prohibitedPartnersAndSettleCodes);
                              });
 }
 
-void TStorageHub::SettingToStrSoft_ProhibitedPartnersAndSettleCodesToClientTemplate(
+void TSecurityRestrictionSettings::SettingToStrSoft_ProhibitedPartnersAndSettleCodesToClientTemplate(
     std::string& out, const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PartnersToStr(lines, client, P::ipcSoft_ProhibitedPartnersAndSettleCodes_,
                                              o.softProhibitedPartnersAndSettleCodes);
                              });
 }
 
-void TStorageHub::SettingToStrPriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+void TSecurityRestrictionSettings::SettingToStrPriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PriceLimitToStr(lines, client, P::ipcPriceLimit_, P::ipcPriceLimit_MIDDLE, o.priceLimit,
                                                o.priceLimitMiddle);
                              });
 }
 
-void TStorageHub::SettingToStrSecPriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+void TSecurityRestrictionSettings::SettingToStrSecPriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PriceLimitToStr(lines, client, P::ipcSecPriceLimit_, P::ipcSecPriceLimit_MIDDLE,
                                                o.secPriceLimit, o.secPriceLimitMiddle);
                              });
 }
 
-void TStorageHub::SettingToStrSoft_PriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+void TSecurityRestrictionSettings::SettingToStrSoft_PriceLimitToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PriceLimitToStr(lines, client, P::ipcSoft_PriceLimit_, P::ipcSoft_PriceLimit_MIDDLE,
                                                o.softPriceLimit, o.softPriceLimitMiddle);
                              });
 }
 
-void TStorageHub::SettingToStrSoft_SecPriceLimitToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrSoft_SecPriceLimitToClientTemplate(std::string& out,
                                                                  const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                PriceLimitToStr(lines, client, P::ipcSoft_SecPriceLimit_,
                                                P::ipcSoft_SecPriceLimit_MIDDLE, o.softSecPriceLimit,
@@ -165,9 +164,9 @@ void TStorageHub::SettingToStrSoft_SecPriceLimitToClientTemplate(std::string& ou
                              });
 }
 
-void TStorageHub::SettingToStrRestrictOpenSecurityToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrRestrictOpenSecurityToClientTemplate(std::string& out,
                                                                    const TSettingToStrSource& src) const {
-  RenderSecurityRestrictions(out, src, m_securityRestrictions.get(),
+  RenderSecurityRestrictions(out, src, m_cache.get(),
                              [&](std::string& lines, bool client, const TClientSecurityRestrictions& o) {
                                ClassToListToStr(lines, client, P::ipc_RESTRICTOPEN, o.restrictOpen);
                              });
@@ -177,41 +176,41 @@ void TStorageHub::SettingToStrRestrictOpenSecurityToClientTemplate(std::string& 
 // global section of their name has no parsed home and is copied as it
 // stands.
 
-void TStorageHub::SettingToStrAllowedPartnersToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+void TSecurityRestrictionSettings::SettingToStrAllowedPartnersToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   if (!src.securityRestrictions->allowedPartners.Empty())
     AppendLine(out, P::GetIniParamCode(P::ipcAllowedPartners), src.securityRestrictions->allowedPartners.ToStr());
 }
 
-void TStorageHub::SettingToStrProhibitedPartnersToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrProhibitedPartnersToClientTemplate(std::string& out,
                                                                  const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   if (!src.securityRestrictions->prohibitedPartners.Empty())
     AppendLine(out, P::GetIniParamCode(P::ipcProhibitedPartners), src.securityRestrictions->prohibitedPartners.ToStr());
 }
 
-void TStorageHub::SettingToStrAddMultiCurrencyToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+void TSecurityRestrictionSettings::SettingToStrAddMultiCurrencyToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   for (const auto& [code, currencies] : src.securityRestrictions->addMultiCurrency)
     AppendLine(out, P::GetIniParamCode(P::ipcAddMultiCurrency) + "_" + code, GetRowWithDelimsFromListRows(currencies));
 }
 
-void TStorageHub::SettingToStrLinkedUserTemplateToClientTemplate(std::string& out,
+void TSecurityRestrictionSettings::SettingToStrLinkedUserTemplateToClientTemplate(std::string& out,
                                                                  const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   if (!src.securityRestrictions->linkedUserTemplate.Empty())
     AppendLine(out, P::GetIniParamCode(P::ipcLinkedUserTemplate),
                src.securityRestrictions->linkedUserTemplate.ToString());
 }
 
-void TStorageHub::SettingToStrBrokerQuoteBoardToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+void TSecurityRestrictionSettings::SettingToStrBrokerQuoteBoardToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   if (!src.securityRestrictions->brokerQuoteBoard.Empty())
     AppendLine(out, P::GetIniParamCode(P::ipcBrokerQuoteBoard), src.securityRestrictions->brokerQuoteBoard.ToString());
 }
 
-void TStorageHub::SettingToStrTransferBoardToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
-  if (src.securityRestrictions == nullptr) return SettingToStrRawSection(out, src);
+void TSecurityRestrictionSettings::SettingToStrTransferBoardToClientTemplate(std::string& out, const TSettingToStrSource& src) const {
+  if (src.securityRestrictions == nullptr) return RawSection(out, src);
   if (!src.securityRestrictions->transferBoard.Empty())
     AppendLine(out, P::GetIniParamCode(P::ipcTransferBoard), src.securityRestrictions->transferBoard.ToString());
 }
