@@ -26,6 +26,9 @@ class HostileInputTest : public ::testing::Test {
     hosttest::THostOptions options;
     options.maxFrame = 1u << 20;
     options.threads = 4;
+    // Room for every connection a test opens in a burst (the cut frames open
+    // one each), so that a full queue never turns the check of service away.
+    options.maxPending = 128;
     host_ = MakeHost(2, 0, options);
     ASSERT_TRUE(host_->Start()) << host_->output();
     pid_ = HostPid();
