@@ -253,8 +253,13 @@ TEST_F(HostileInputTest, AFloodOfRequestsWithoutLogOnKeepsMemoryBoundedAndOthers
               served.load());
   EXPECT_EQ(answered, (requests + kBatch - 1) / kBatch * kBatch);
   EXPECT_GT(served.load(), 0);
-  // Bounded: the flood holds no memory per request.
-  EXPECT_LT(peak - before, 16 * 1024) << "KiB of growth";
+  // Bounded: the flood holds no memory per request. Under AddressSanitizer
+  // freed blocks wait in its quarantine (256 MiB by default) before they are
+  // reused, so the resident set grows by that much whatever the host does;
+  // there the bound only catches a runaway, and the release build's million
+  // requests are the real check.
+  const long allowedKiB = SanitizedBuild() ? (256 + 128) * 1024 : 16 * 1024;
+  EXPECT_LT(peak - before, allowedKiB) << "KiB of growth";
 }
 
 }  // namespace
