@@ -1,5 +1,0 @@
-#pragma once
-// Forwarding header: what stood here now lives in base/TClassList.h. It stays only for code
-// written against the old path; new code includes base/TClassList.h (the layer check
-// refuses a source file that includes this one).
-#include "base/TClassList.h"
