@@ -119,10 +119,10 @@ std::string ListText(const std::vector<Item>& list) {
   return text + vectorSTLStringsToStr(items);
 }
 
-// A list of strings, passed as ZDL_ArrayStrings* (null when empty).
-template <auto Member>
-struct Strings {
-  using Holder = TBuiltArray<ZDL_ArrayStrings, std::string, &New_ZDL_ArrayStrings, &Free_ZDL_ArrayStrings>;
+// A list field, passed as the plain array that Holder builds from it (null
+// when empty) and releases after the call.
+template <class Holder, auto Member>
+struct ListArg {
   template <class R>
   static Holder Bind(R& r) {
     return Holder(r.*Member);
@@ -133,34 +133,22 @@ struct Strings {
   }
 };
 
-// A list of doubles, passed as ZDL_ArrayDoubleNumbers* (null when empty).
+// A list of strings, passed as ZDL_ArrayStrings*.
 template <auto Member>
-struct Doubles {
-  using Holder = TBuiltArray<ZDL_ArrayDoubleNumbers, double, &New_ZDL_ArrayDoubleNumbers, &Free_ZDL_ArrayDoubleNumbers>;
-  template <class R>
-  static Holder Bind(R& r) {
-    return Holder(r.*Member);
-  }
-  template <class R>
-  static std::string Text(const R& r) {
-    return ListText(r.*Member);
-  }
-};
+using Strings =
+    ListArg<TBuiltArray<ZDL_ArrayStrings, std::string, &New_ZDL_ArrayStrings, &Free_ZDL_ArrayStrings>, Member>;
 
-// A list of code pairs, passed as ZDL_ArrayCodeToCodeTrdaccToTrdacc* (null when empty).
+// A list of doubles, passed as ZDL_ArrayDoubleNumbers*.
 template <auto Member>
-struct Pairs {
-  using Holder = TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_StringsPair,
-                             &New_ZDL_ArrayCodeToCodeTrdaccToTrdacc, &Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc>;
-  template <class R>
-  static Holder Bind(R& r) {
-    return Holder(r.*Member);
-  }
-  template <class R>
-  static std::string Text(const R& r) {
-    return ListText(r.*Member);
-  }
-};
+using Doubles = ListArg<TBuiltArray<ZDL_ArrayDoubleNumbers, double, &New_ZDL_ArrayDoubleNumbers,
+                                    &Free_ZDL_ArrayDoubleNumbers>,
+                        Member>;
+
+// A list of code pairs, passed as ZDL_ArrayCodeToCodeTrdaccToTrdacc*.
+template <auto Member>
+using Pairs = ListArg<TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_StringsPair,
+                                  &New_ZDL_ArrayCodeToCodeTrdaccToTrdacc, &Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc>,
+                      Member>;
 
 // Three double fields, passed as ZDL_BaseDiscCoeff by value.
 template <auto M1, auto M2, auto M3>
