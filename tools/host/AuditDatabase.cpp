@@ -2,24 +2,12 @@
 
 #include <sqlite3.h>
 
-#include <chrono>
 #include <cstdio>
-#include <ctime>
+
+#include "UtcStamp.h"
 
 namespace ZentHost {
 namespace {
-
-std::string UtcNow() {
-  auto now = std::chrono::system_clock::now();
-  std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-  auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
-  std::tm tm{};
-  gmtime_r(&seconds, &tm);
-  char buf[96];
-  std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d.%03d", tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday,
-                tm.tm_hour, tm.tm_min, tm.tm_sec, static_cast<int>(ms));
-  return buf;
-}
 
 std::string CreateTableSql() {
   std::string sql =
@@ -110,7 +98,7 @@ bool TAuditDatabase::Insert(int port, int user, const std::string& event, const 
     return false;
   }
   if (!Exec("BEGIN IMMEDIATE", error)) return false;
-  const std::string time = UtcNow();
+  const std::string time = UtcStamp();
   sqlite3_reset(m_insert);
   sqlite3_clear_bindings(m_insert);
   sqlite3_bind_text(m_insert, 1, time.data(), static_cast<int>(time.size()), SQLITE_TRANSIENT);

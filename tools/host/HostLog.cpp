@@ -4,12 +4,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <mutex>
+
+#include "UtcStamp.h"
 
 namespace ZentHost {
 namespace {
@@ -17,18 +17,6 @@ namespace {
 std::mutex g_logMutex;
 std::FILE* g_log = nullptr;
 int g_maxLevel = 10;
-
-std::string Stamp() {
-  auto now = std::chrono::system_clock::now();
-  std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-  auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
-  std::tm tm{};
-  gmtime_r(&seconds, &tm);
-  char buf[96];
-  std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d.%03d", tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday,
-                tm.tm_hour, tm.tm_min, tm.tm_sec, static_cast<int>(ms));
-  return buf;
-}
 
 }  // namespace
 
@@ -54,7 +42,7 @@ void CloseHostLog() {
 void HostEvent(int level, const std::string& text) {
   std::lock_guard<std::mutex> lock(g_logMutex);
   if (g_log == nullptr || level > g_maxLevel) return;
-  std::fprintf(g_log, "%s [%d] [tid %ld] %s\n", Stamp().c_str(), level, static_cast<long>(syscall(SYS_gettid)),
+  std::fprintf(g_log, "%s [%d] [tid %ld] %s\n", UtcStamp().c_str(), level, static_cast<long>(syscall(SYS_gettid)),
                text.c_str());
   std::fflush(g_log);
 }
