@@ -28,7 +28,7 @@ constexpr bool PassesReadOnlyTest(std::string_view name) {
 }
 
 // The handler of every row, by the name of its settings function. A line of
-// core/SettingsOperations.def declares the real handler here (its body is in
+// core/SettingsOperations.def (either form) declares the real handler here (its body is in
 // CommandHandlers.cpp); every other name falls through to the null of
 // NotImplemented, because a qualified name found in the namespace itself hides
 // the names brought in by a using-directive.
@@ -39,7 +39,7 @@ namespace NotImplemented {
 #undef ZDL_COMMAND
 }  // namespace NotImplemented
 using namespace NotImplemented;
-#define ZDL_OPERATION(name, qualifier, params, args) \
+#define ZDL_OPERATION(home, name, qualifier, params, args) \
   int ZDL_##name(CExecDealerAPI& api, std::vector<unsigned char>& data, std::string& firm);
 #include "core/SettingsOperations.def"
 #undef ZDL_OPERATION

@@ -37,7 +37,7 @@ int ZDL_SaveSettingsToFile(const char* firm, const char* /*path*/) {
   return m_firmManager.GetInfoStorage(firm) == nullptr ? ZDL_FIRM_NOT_LOADED : ZDL_OK;
 }
 
-#define ZDL_OPERATION(name, qualifier, params, args)                   \
+#define ZDL_OPERATION(home, name, qualifier, params, args)                   \
   int ZDL_##name ZDL_FIRM_AND_ params {                                \
     TInfoStorage* storage = m_firmManager.GetInfoStorage(firm);        \
     return storage == nullptr ? ZDL_FIRM_NOT_LOADED : storage->name args; \

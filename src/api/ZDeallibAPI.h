@@ -39,6 +39,6 @@ DL::TFirmManager& ZDL_GetFirmManager();
 #define ZDL_FIRM_ARGS_(...) (firm __VA_OPT__(, ) __VA_ARGS__)
 
 // ZDL_<name> for every line of SettingsOperations.def, where its meaning is told.
-#define ZDL_OPERATION(name, qualifier, params, args) [[nodiscard]] int ZDL_##name ZDL_FIRM_AND_ params;
+#define ZDL_OPERATION(home, name, qualifier, params, args) [[nodiscard]] int ZDL_##name ZDL_FIRM_AND_ params;
 #include "core/SettingsOperations.def"
 #undef ZDL_OPERATION

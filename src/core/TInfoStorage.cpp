@@ -1,5 +1,6 @@
 #include "core/TInfoStorage.h"
 
+#include "core/OperationHomes.h"
 #include "core/TStorageHub.h"
 #include "base/ResultCodes.h"
 #ifndef ZDL_NO_TYPED_STORE
@@ -115,8 +116,8 @@ DLTypes::TSetsByName TInfoStorage::GetEffectiveSetOfInstrumentsByClient(const ch
 }
 #endif
 
-#define ZDL_OPERATION(name, qualifier, params, args) \
-  int TInfoStorage::name params qualifier { return m_impl->hub->name args; }
+#define ZDL_OPERATION(home, name, qualifier, params, args) \
+  int TInfoStorage::name params qualifier { return TOperationHome<home>::Of(*m_impl->hub).name args; }
 #include "core/SettingsOperations.def"
 #undef ZDL_OPERATION
 

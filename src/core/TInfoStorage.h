@@ -60,8 +60,8 @@ class TInfoStorage {
   [[nodiscard]] int FreeMemory(void** p);
 
   // The settings operations of the remote commands, one per line of
-  // SettingsOperations.def; each forwards to the hub's member of its name.
-#define ZDL_OPERATION(name, qualifier, params, args) [[nodiscard]] int name params qualifier;
+  // SettingsOperations.def; each forwards to its home's member of its name.
+#define ZDL_OPERATION(home, name, qualifier, params, args) [[nodiscard]] int name params qualifier;
 #include "core/SettingsOperations.def"
 #undef ZDL_OPERATION
 

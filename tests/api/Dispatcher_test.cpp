@@ -26,7 +26,7 @@ constexpr int kPort = 4100;
 
 // Lines of the declaration of settings operations.
 constexpr std::size_t kSettingsOperationCount = 0
-#define ZDL_OPERATION(name, qualifier, params, args) +1
+#define ZDL_OPERATION(home, name, qualifier, params, args) +1
 #include "core/SettingsOperations.def"
 #undef ZDL_OPERATION
     ;
