@@ -12,6 +12,7 @@
 
 #include "commission/TRepoCommRates.h"
 #include "commission/TypeAndRate.h"
+#include "base/ApiRecords.h"
 #include "base/TradingTypes.h"
 #include "core/TGeneralSettings.h"
 // The typed store takes floating-point template arguments, which the clang of
