@@ -91,6 +91,9 @@ struct TInstrumentGroup {
 };
 
 class TStorageHub : public IFirmSettings {
+  // Edits the parsed set of approved clients.
+  friend class TClientListsEditor;
+
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
   // file that cannot be opened, or any other type, gives a firm with no

@@ -344,6 +344,8 @@ class TIniParser {
   TSectionsMap& GetSections() { return m_sections; }
   const TSectionsMap& GetSections() const { return m_sections; }
   const TKeyMap& GetCValSection() const { return m_cvalSection; }
+  // The same map for an edit (the save writes it as it stands).
+  TKeyMap& GetCValSectionForEdit() { return m_cvalSection; }
   const std::vector<std::string>& GetIniSectionNames() const { return m_sectionNamesUp; }
   const std::vector<std::string>& GetIniSectionNamesUpperOrdered() const { return m_sectionNamesUpOrdered; }
   const std::vector<std::string>& GetIniSectionNamesNotUpper() const { return m_sectionNames; }
