@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "api/RecordFields.h"
-#include "api/ShapeAdapter.h"
+#include "api/OwnShape.h"
 
 // ---- Clients approved for complex instruments ----
 ZDL_DECLARE_RECORD(TDL_GetComplexFIApprovedClientsFromGlobal, (std::string, firmCode), (std::vector<std::string>, lsClients));

@@ -11,11 +11,6 @@
 // ZDL_OWN_OPERATION of its family in core/SettingsOperations.def.
 //
 // The recipes of one family stand in a header of their own, included below.
-#include "api/RecordFields.h"
-#include "api/ShapeAdapter.h"
+#include "api/OwnShape.h"
 
-#define ZDL_OWN_SHAPE(name, ...)            \
-  namespace DL::Adapters::Own {             \
-  struct name : __VA_ARGS__ {};             \
-  }
 #include "api/OwnClientListsCommands.h"
