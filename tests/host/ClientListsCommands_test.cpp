@@ -125,7 +125,7 @@ std::vector<TRoundTrip> Steps() {
          TDL_RemoveComplexFIApprovedClientsFromGlobal r{static_cast<T&>(t).firm_, "C1"};
          return static_cast<T&>(t).Api("RemoveComplexFIApprovedClientsFromGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).ApprovedClients(), (std::vector<std::string>{"C2"})); }},
+       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).ApprovedClients(), (std::vector<std::string>{"C2", "C3"})); }},
       {{"SetComplexFIApprovedClientsToGlobal"},
        [](auto& t) {
          TDL_SetComplexFIApprovedClientsToGlobal r{static_cast<T&>(t).firm_, {"Z9", "A0"}};
