@@ -15,7 +15,7 @@
 namespace {
 
 class ClientListsCommandsTest : public ::testing::Test {
- protected:
+ public:
   void SetUp() override {
     ztest::ResetRecordedCalls();
     port_ = ztest::NewPort();
@@ -100,76 +100,63 @@ std::string Names(const std::vector<TDL_StringsPair>& pairs) {
   return out;
 }
 
-class ClientListsRoundTrip : public ClientListsCommandsTest {
- public:
-  using ClientListsCommandsTest::Api;
-  using ClientListsCommandsTest::ApprovedClients;
-  using ClientListsCommandsTest::Cval;
-  using ClientListsCommandsTest::CvalList;
-  using ClientListsCommandsTest::firm_;
-  using ClientListsCommandsTest::Sign;
-  void TestBody() override {}
-};
-
 std::vector<TRoundTrip> Steps() {
-  using T = ClientListsRoundTrip;
   return {
       {{"AddComplexFIApprovedClientsToGlobal", "GetComplexFIApprovedClientsFromGlobal"},
-       [](auto& t) {
-         TDL_AddComplexFIApprovedClientsToGlobal r{static_cast<T&>(t).firm_, "C3"};
-         return static_cast<T&>(t).Api("AddComplexFIApprovedClientsToGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_AddComplexFIApprovedClientsToGlobal r{t.firm_, "C3"};
+         return t.Api("AddComplexFIApprovedClientsToGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).ApprovedClients(), (std::vector<std::string>{"C1", "C2", "C3"})); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(t.ApprovedClients(), (std::vector<std::string>{"C1", "C2", "C3"})); }},
       {{"RemoveComplexFIApprovedClientsFromGlobal"},
-       [](auto& t) {
-         TDL_RemoveComplexFIApprovedClientsFromGlobal r{static_cast<T&>(t).firm_, "C1"};
-         return static_cast<T&>(t).Api("RemoveComplexFIApprovedClientsFromGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_RemoveComplexFIApprovedClientsFromGlobal r{t.firm_, "C1"};
+         return t.Api("RemoveComplexFIApprovedClientsFromGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).ApprovedClients(), (std::vector<std::string>{"C2", "C3"})); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(t.ApprovedClients(), (std::vector<std::string>{"C2", "C3"})); }},
       {{"SetComplexFIApprovedClientsToGlobal"},
-       [](auto& t) {
-         TDL_SetComplexFIApprovedClientsToGlobal r{static_cast<T&>(t).firm_, {"Z9", "A0"}};
-         return static_cast<T&>(t).Api("SetComplexFIApprovedClientsToGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_SetComplexFIApprovedClientsToGlobal r{t.firm_, {"Z9", "A0"}};
+         return t.Api("SetComplexFIApprovedClientsToGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).ApprovedClients(), (std::vector<std::string>{"A0", "Z9"})); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(t.ApprovedClients(), (std::vector<std::string>{"A0", "Z9"})); }},
       {{"SetClientCvalSignToGlobal", "GetClientCvalSignFromGlobal"},
-       [](auto& t) {
-         TDL_SetClientCvalSignToGlobal r{static_cast<T&>(t).firm_, -1};
-         return static_cast<T&>(t).Api("SetClientCvalSignToGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_SetClientCvalSignToGlobal r{t.firm_, -1};
+         return t.Api("SetClientCvalSignToGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).Sign(), -1); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(t.Sign(), -1); }},
       {{"AddClientCvalByClientCodeToGlobal", "GetClientCvalByClientCodeFromGlobal"},
-       [](auto& t) {
-         TDL_AddClientCvalByClientCodeToGlobal r{static_cast<T&>(t).firm_, "C5", 2};
-         return static_cast<T&>(t).Api("AddClientCvalByClientCodeToGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_AddClientCvalByClientCodeToGlobal r{t.firm_, "C5", 2};
+         return t.Api("AddClientCvalByClientCodeToGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(static_cast<T&>(t).Cval("C5"), 2); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(t.Cval("C5"), 2); }},
       {{"RemoveClientCvalByClientCodeFromGlobal", "GetClientCvalListFromGlobal"},
-       [](auto& t) {
-         TDL_RemoveClientCvalByClientCodeFromGlobal r{static_cast<T&>(t).firm_, "C1"};
-         return static_cast<T&>(t).Api("RemoveClientCvalByClientCodeFromGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_RemoveClientCvalByClientCodeFromGlobal r{t.firm_, "C1"};
+         return t.Api("RemoveClientCvalByClientCodeFromGlobal", r);
        },
-       [](auto& t) { EXPECT_EQ(Names(static_cast<T&>(t).CvalList()), "C5=2;"); }},
+       [](ClientListsCommandsTest& t) { EXPECT_EQ(Names(t.CvalList()), "C5=2;"); }},
       {{"SetClientCvalListToGlobal"},
-       [](auto& t) {
-         TDL_SetClientCvalListToGlobal r{static_cast<T&>(t).firm_, {{"K2", "0"}, {"K1", "3"}}};
-         return static_cast<T&>(t).Api("SetClientCvalListToGlobal", r);
+       [](ClientListsCommandsTest& t) {
+         TDL_SetClientCvalListToGlobal r{t.firm_, {{"K2", "0"}, {"K1", "3"}}};
+         return t.Api("SetClientCvalListToGlobal", r);
        },
-       [](auto& t) {
-         EXPECT_EQ(Names(static_cast<T&>(t).CvalList()), "K1=3;K2=0;");
-         EXPECT_EQ(static_cast<T&>(t).Cval("C5"), -1004);
+       [](ClientListsCommandsTest& t) {
+         EXPECT_EQ(Names(t.CvalList()), "K1=3;K2=0;");
+         EXPECT_EQ(t.Cval("C5"), -1004);
        }},
   };
 }
 
 TEST_F(ClientListsCommandsTest, EveryChangeIsReadBackSavedReloadedAndAFixedPoint) {
-  auto& t = static_cast<ClientListsRoundTrip&>(static_cast<ClientListsCommandsTest&>(*this));
   for (const TRoundTrip& step : Steps()) {
     SCOPED_TRACE(*step.commands.begin());
-    ASSERT_EQ(step.change(t), 0);
-    step.check(t);
+    ASSERT_EQ(step.change(*this), 0);
+    step.check(*this);
     const std::string saved = SaveAndReload();
-    step.check(t);
+    step.check(*this);
     // Saved again without a change, the text stays the same bytes.
     EXPECT_EQ(SaveAndReload(), saved);
   }
