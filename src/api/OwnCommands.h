@@ -14,3 +14,4 @@
 #include "api/OwnShape.h"
 
 #include "api/OwnClientListsCommands.h"
+#include "api/OwnChangeFutClientCodesCommands.h"

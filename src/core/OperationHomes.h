@@ -5,6 +5,7 @@
 // of its settings through the hub and keeps no state of its own. Each family's
 // editor header is included here, so that the generated forwarding of
 // TInfoStorage sees them all.
+#include "core/TChangeFutClientCodesEditor.h"
 #include "core/TClientListsEditor.h"
 #include "core/TStorageHub.h"
 

@@ -93,6 +93,8 @@ struct TInstrumentGroup {
 class TStorageHub : public IFirmSettings {
   // Edits the parsed set of approved clients.
   friend class TClientListsEditor;
+  // Edits the parsed "ChangeFutClientCodes" sections.
+  friend class TChangeFutClientCodesEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
