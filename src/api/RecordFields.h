@@ -160,13 +160,11 @@ void LoadDataForZDeallibAPI(T& record, std::vector<unsigned char>& data) {
   RecordFields::LoadRecord(record, storage, nullptr);
 }
 
-// Encodes the record into data, which becomes exactly the block.
+#include "api/RecordPacker.h"  // needs the declarations above
+
+// Encodes the record into data, which becomes exactly the block: packed
+// directly (api/RecordPacker.h), byte for byte what CInMemStorage packs.
 template <class T>
 void StoreDataForZDealerAPI(const T& record, std::vector<unsigned char>& data) {
-  StorageNamed::InMemStorageSpace::CInMemStorage storage;
-  RecordFields::StoreRecord(record, storage, nullptr);
-  StorageNamed::InMemStorageSpace::CMemoryObjectEx block;
-  unsigned long size = storage.PackToSolidBuffer(&block);
-  data.resize(size);
-  if (size != 0) std::memcpy(data.data(), block.get(nullptr), size);
+  RecordPacker::PackRecord(record, data);
 }
