@@ -1,25 +1,13 @@
 #pragma once
 // Plain records of the settings API. They cross a boundary that knows no
-// containers: counted arrays whose items block is allocated with array new.
+// containers: counted arrays whose items block is allocated with array new,
+// and elements whose strings and inner arrays are blocks of their own. The
+// records that own memory stand in base/ApiRecords.def; the small ones passed
+// by value are written out below.
 #include <cstdint>
 
 // 0 selects a setting, 1 its soft twin; any other value is refused with 19.
 typedef int ZDL_SettingsScope;
-
-struct ZDL_ArrayStrings {
-  uint64_t count;  // number of items
-  char** items;    // each string in a block of its own
-};
-
-struct ZDL_ArrayIntNumbers {
-  uint64_t count;
-  int* items;
-};
-
-struct ZDL_ArrayDoubleNumbers {
-  uint64_t count;
-  double* items;
-};
 
 // Three coefficients of a discount, passed and returned by value.
 struct ZDL_BaseDiscCoeff {
@@ -34,189 +22,54 @@ struct ZDL_VolatilityChangeScenarios {
   double value2;
 };
 
-// A pair of codes, each string in a block of its own (array new).
-struct ZDL_StringToString {
-  char* str1;
-  char* str2;
-};
+// Applies macro to every parenthesised row: macro (type, field).
+#define ZDL_PLAIN_FOR_EACH_(macro, ...) __VA_OPT__(ZDL_PLAIN_EXPAND_(ZDL_PLAIN_STEP_(macro, __VA_ARGS__)))
+#define ZDL_PLAIN_STEP_(macro, row, ...) macro row __VA_OPT__(ZDL_PLAIN_AGAIN_ ZDL_PLAIN_PARENS_(macro, __VA_ARGS__))
+#define ZDL_PLAIN_AGAIN_() ZDL_PLAIN_STEP_
+#define ZDL_PLAIN_PARENS_ ()
+#define ZDL_PLAIN_EXPAND_(...) ZDL_PLAIN_EXPAND2_(ZDL_PLAIN_EXPAND2_(ZDL_PLAIN_EXPAND2_(ZDL_PLAIN_EXPAND2_(__VA_ARGS__))))
+#define ZDL_PLAIN_EXPAND2_(...) ZDL_PLAIN_EXPAND1_(ZDL_PLAIN_EXPAND1_(ZDL_PLAIN_EXPAND1_(ZDL_PLAIN_EXPAND1_(__VA_ARGS__))))
+#define ZDL_PLAIN_EXPAND1_(...) ZDL_PLAIN_EXPAND0_(ZDL_PLAIN_EXPAND0_(ZDL_PLAIN_EXPAND0_(ZDL_PLAIN_EXPAND0_(__VA_ARGS__))))
+#define ZDL_PLAIN_EXPAND0_(...) __VA_ARGS__
 
-// Pairs of codes: a code and the code it maps to.
-struct ZDL_ArrayStringToString {
-  uint64_t count;
-  ZDL_StringToString* items;
-};
+#define ZDL_PLAIN_FIELD_(type, field) type field;
 
-// Pairs of client code and trade account (or of two codes of one kind).
-struct ZDL_ArrayCodeToCodeTrdaccToTrdacc {
-  uint64_t count;
-  ZDL_StringToString* items;
-};
+#define ZDL_PLAIN_ARRAY(Name, Element) \
+  struct ZDL_##Name {                  \
+    uint64_t count; /* elements */     \
+    Element* items; /* one block */    \
+  };
+#define ZDL_PLAIN_ELEMENT(Name, ...) \
+  struct ZDL_##Name {                \
+    ZDL_PLAIN_FOR_EACH_(ZDL_PLAIN_FIELD_, __VA_ARGS__) \
+  };
+#include "base/ApiRecords.def"
+#undef ZDL_PLAIN_ARRAY
+#undef ZDL_PLAIN_ELEMENT
 
-// ---- Composite arrays: each element holds strings and inner arrays of its
-// own (each string and each items block allocated with array new). Element
-// fields are named after the fields they travel in.
-
-// A number with a list of strings: a limit kind and its classes or securities.
-struct ZDL_IntToArrayString {
-  int intParam;                // the limit kind
-  ZDL_ArrayStrings lsStrings;  // the classes or securities of that kind
-};
-
-// Classes by limit kind.
-struct ZDL_ArrayClassToLimitKind {
-  uint64_t count;
-  ZDL_IntToArrayString* items;
-};
-
-// Securities by limit kind; the same layout as the classes, a type of its own
-// so that the two settings functions can share one name.
-struct ZDL_ArraySecToLimitKind {
-  uint64_t count;
-  ZDL_IntToArrayString* items;
-};
-
-// A limit kind with the settle codes and the classes it applies to.
-struct ZDL_LimitKindToSettleCodeListToClassList {
-  int intParam;                    // the limit kind
-  ZDL_ArrayStrings lsSettleCodes;  // settle codes
-  ZDL_ArrayStrings lsClasses;      // class codes
-};
-
-struct ZDL_ArrayLimitKindToSettleCodeListToClassList {
-  uint64_t count;
-  ZDL_LimitKindToSettleCodeListToClassList* items;
-};
-
-// A code with a list of strings that belong to it (a class, security, tag or
-// currency and its list).
-struct ZDL_StringListToString {
-  char* str;
-  ZDL_ArrayStrings lsStrings;
-};
-
-// Boards (or other codes) for a class.
-struct ZDL_ArrayOfStringListToClass {
-  uint64_t count;
-  ZDL_StringListToString* items;
-};
-
-// Codes for a security.
-struct ZDL_ArrayOfStringListToSec {
-  uint64_t count;
-  ZDL_StringListToString* items;
-};
-
-// Codes for a tag.
-struct ZDL_ArrayStringListToTag {
-  uint64_t count;
-  ZDL_StringListToString* items;
-};
-
-// Codes for a currency.
-struct ZDL_ArrayOfStringListToCurrency {
-  uint64_t count;
-  ZDL_StringListToString* items;
-};
-
-// A currency and its classes.
-struct ZDL_ClassListForCurrency {
-  char* currency;
-  ZDL_ArrayStrings lsClasses;
-};
-
-struct ZDL_ArrayClassListForCurrency {
-  uint64_t count;
-  ZDL_ClassListForCurrency* items;
-};
-
-// A code with a number: a currency with its discount.
-struct ZDL_StringAndDouble {
-  char* str;
-  double value;
-};
-
-struct ZDL_ArrayCurrencyWithDiscount {
-  uint64_t count;
-  ZDL_StringAndDouble* items;
-};
-
-// A code with the list of codes it maps to.
-struct ZDL_StringToArrayStrings {
-  char* strCode;
-  ZDL_ArrayStrings lsStrings;
-};
-
-// Base assets and the derivatives on each.
-struct ZDL_DerivativesBaseAssetsList {
-  uint64_t count;
-  ZDL_StringToArrayStrings* items;
-};
-
-// Classes and the settle codes of each.
-struct ZDL_ArrayClassCodeToSettleCodeList {
-  uint64_t count;
-  ZDL_StringToArrayStrings* items;
-};
-
-// Settle codes and the securities of each (inside one class).
-struct ZDL_ArraySettleCodeToSecList {
-  uint64_t count;
-  ZDL_StringToArrayStrings* items;
-};
-
-// A class with its settle codes, each with its securities.
-struct ZDL_ClassToSettleCodeToSec {
-  char* strCode;                             // the class
-  ZDL_ArraySettleCodeToSecList lsSettleCodes;  // settle code -> securities
-};
-
-struct ZDL_ClassToSettleCodeToSecList {
-  uint64_t count;
-  ZDL_ClassToSettleCodeToSec* items;
-};
-
-// Two codes and a list (a class, a settle code and its securities).
-struct ZDL_TwoStringsAndArrayStrings {
-  char* str1;
-  char* str2;
-  ZDL_ArrayStrings lsStrings;
-};
-
-struct ZDL_ArrayOfTwoStringsAndArrayStrings {
-  uint64_t count;
-  ZDL_TwoStringsAndArrayStrings* items;
-};
-
-// Client codes and their trade accounts.
-struct ZDL_ArrayClientCodeToTrdAcc {
-  uint64_t count;
-  ZDL_StringToString* items;
-};
-
-// ---- Releasing what an array holds ----------------------------------------
+// ---- Releasing what a record holds ----------------------------------------
 //
-// ZDLPlain::ReleaseContents(a) releases every string and inner array of a's
-// items, then the items block, and leaves a empty (count 0, items null); the
-// record itself stays. The command handlers' Free_ functions and the firm's
-// TMemory release through it, so both agree on what an element owns.
+// ZDLPlain::ReleaseContents(a) releases every string and inner array of an
+// array's items, then the items block, and leaves a empty (count 0, items
+// null); the record itself stays. ZDLPlain::ReleaseItem(e) does the same for
+// one element. The command handlers' Free_ functions and the firm's TMemory
+// both release through them, so they agree on what a record owns.
 namespace ZDLPlain {
 
 inline void ReleaseItem(char*& text) {
   delete[] text;
   text = nullptr;
 }
+inline void ReleaseItem(bool&) {}
 inline void ReleaseItem(int&) {}
+inline void ReleaseItem(long long&) {}
 inline void ReleaseItem(double&) {}
-inline void ReleaseItem(ZDL_ArrayStrings& a);
-inline void ReleaseItem(ZDL_StringToString& e);
-inline void ReleaseItem(ZDL_IntToArrayString& e);
-inline void ReleaseItem(ZDL_LimitKindToSettleCodeListToClassList& e);
-inline void ReleaseItem(ZDL_StringListToString& e);
-inline void ReleaseItem(ZDL_ClassListForCurrency& e);
-inline void ReleaseItem(ZDL_StringAndDouble& e);
-inline void ReleaseItem(ZDL_StringToArrayStrings& e);
-inline void ReleaseItem(ZDL_ClassToSettleCodeToSec& e);
-inline void ReleaseItem(ZDL_TwoStringsAndArrayStrings& e);
+
+#define ZDL_PLAIN_ARRAY(Name, Element) inline void ReleaseItem(ZDL_##Name& a);
+#define ZDL_PLAIN_ELEMENT(Name, ...) inline void ReleaseItem(ZDL_##Name& e);
+#include "base/ApiRecords.def"
+#undef ZDL_PLAIN_ARRAY
+#undef ZDL_PLAIN_ELEMENT
 
 template <class Array>
 void ReleaseContents(Array& a) {
@@ -227,37 +80,16 @@ void ReleaseContents(Array& a) {
   a.count = 0;
 }
 
-inline void ReleaseItem(ZDL_ArrayStrings& a) { ReleaseContents(a); }
-inline void ReleaseItem(ZDL_StringToString& e) {
-  ReleaseItem(e.str1);
-  ReleaseItem(e.str2);
-}
-inline void ReleaseItem(ZDL_IntToArrayString& e) { ReleaseContents(e.lsStrings); }
-inline void ReleaseItem(ZDL_LimitKindToSettleCodeListToClassList& e) {
-  ReleaseContents(e.lsSettleCodes);
-  ReleaseContents(e.lsClasses);
-}
-inline void ReleaseItem(ZDL_StringListToString& e) {
-  ReleaseItem(e.str);
-  ReleaseContents(e.lsStrings);
-}
-inline void ReleaseItem(ZDL_ClassListForCurrency& e) {
-  ReleaseItem(e.currency);
-  ReleaseContents(e.lsClasses);
-}
-inline void ReleaseItem(ZDL_StringAndDouble& e) { ReleaseItem(e.str); }
-inline void ReleaseItem(ZDL_StringToArrayStrings& e) {
-  ReleaseItem(e.strCode);
-  ReleaseContents(e.lsStrings);
-}
-inline void ReleaseItem(ZDL_ClassToSettleCodeToSec& e) {
-  ReleaseItem(e.strCode);
-  ReleaseContents(e.lsSettleCodes);
-}
-inline void ReleaseItem(ZDL_TwoStringsAndArrayStrings& e) {
-  ReleaseItem(e.str1);
-  ReleaseItem(e.str2);
-  ReleaseContents(e.lsStrings);
-}
+#define ZDL_PLAIN_RELEASE_FIELD_(type, field) ReleaseItem(e.field);
+#define ZDL_PLAIN_ARRAY(Name, Element) \
+  inline void ReleaseItem(ZDL_##Name& a) { ReleaseContents(a); }
+#define ZDL_PLAIN_ELEMENT(Name, ...)                            \
+  inline void ReleaseItem(ZDL_##Name& e) {                      \
+    ZDL_PLAIN_FOR_EACH_(ZDL_PLAIN_RELEASE_FIELD_, __VA_ARGS__)  \
+  }
+#include "base/ApiRecords.def"
+#undef ZDL_PLAIN_ARRAY
+#undef ZDL_PLAIN_ELEMENT
+#undef ZDL_PLAIN_RELEASE_FIELD_
 
 }  // namespace ZDLPlain

@@ -673,4 +673,107 @@ TEST_F(ShapeTableTest, FieldsOfTheWrongTypeReadAsDefaultsOrTheirLowBytes) {
   EXPECT_EQ(fake_.call[1], "i55");  // the two bytes "7\0" land in the low bytes of 0
 }
 
+// Settings functions of both forms that share the name of a limit-kind shape.
+int g_secCalls = 0;
+int g_classCalls = 0;
+int SetSecurityKinds(const char*, ZDL_ArraySecToLimitKind* a) {
+  ++g_secCalls;
+  return a != nullptr && a->count == 1 && a->items[0].intParam == 5 ? 0 : 9;
+}
+int SetClassKinds(const char*, ZDL_ArrayClassToLimitKind* a) {
+  ++g_classCalls;
+  return a != nullptr && a->count == 1 && a->items[0].intParam == 5 ? 0 : 9;
+}
+
+TEST_F(ShapeTableTest, ALimitKindShapeSendsTheArrayTypeTheFunctionTakes) {
+  const Record request = R().Set("firmCode", std::string("F1"))
+                             .Set("lsItems", TestWire::Records{R().Set("intParam", 5).Set("lsStrings", Strings{"S"})});
+  std::vector<unsigned char> data = request.Block();
+  using Shape = TShape<EAdapterShape::SendStringAndArrayIntForString>;
+  EXPECT_EQ(Shape::Run(&SetSecurityKinds, "Cmd", data, "HOLDER", env_), 0);
+  EXPECT_EQ(Shape::Run(std::function<int(const char*, ZDL_ArraySecToLimitKind*)>(&SetSecurityKinds), "Cmd", data,
+                       "HOLDER", env_),
+            0);
+  EXPECT_EQ(Shape::Run(&SetClassKinds, "Cmd", data, "HOLDER", env_), 0);
+  EXPECT_EQ(g_secCalls, 2);
+  EXPECT_EQ(g_classCalls, 1);
+  EXPECT_EQ(changes_.size(), 3u);
+}
+
+TEST_F(ShapeTableTest, ALimitKindShapeReadsTheArrayTypeTheFunctionHandsOut) {
+  std::vector<std::string> gave;
+  auto securities = [&](const char*, ZDL_ArraySecToLimitKind** out) {
+    gave.push_back("sec");
+    auto* a = new ZDL_ArraySecToLimitKind{1, new ZDL_IntToArrayString[1]};
+    a->items[0] = {4, Strs({"SBER"})};
+    fake_.handedOut[a] = [a] {
+      Drop(a->items[0]);
+      delete[] a->items;
+      delete a;
+    };
+    *out = a;
+    return 0;
+  };
+  std::vector<unsigned char> data = R().Set("firmCode", std::string("F1")).Block();
+  ASSERT_EQ(TShape<EAdapterShape::SendString_GetArrayIntForString>::Run(securities, "Cmd", data, "HOLDER", env_), 0);
+  EXPECT_EQ(gave.size(), 1u);
+  EXPECT_TRUE(fake_.handedOut.empty());
+  const Record reply = R().Set("firmCode", std::string("F1"))
+                           .Set("lsItems", TestWire::Records{R().Set("intParam", 4).Set("lsStrings", Strings{"SBER"})});
+  EXPECT_EQ(data, reply.Block());
+}
+
+TEST_F(ShapeTableTest, ARequestListWithAHugeCountOfElementRecordsGivesNoList) {
+  // "lsItems" says 2^31 elements, then one element that breaks off.
+  TestWire::Bytes data = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01, 0x04};
+  const char name[] = "lsItems";
+  data.insert(data.end(), name, name + sizeof name);
+  data.push_back(0x03);
+  TestWire::Compact(data, 0x80000000u);
+  data.insert(data.end(), {0x01, 0x04, 's', 't', 'r'});
+  ASSERT_EQ(Run(EAdapterShape::SendStringAndStringListToTag, data), 0);
+  EXPECT_EQ(fake_.Call(), "|null");
+  ASSERT_EQ(changes_.size(), 1u);
+  EXPECT_EQ(changes_[0].second, "Cmd,main,0NULL");
+}
+
+TEST_F(ShapeTableTest, AStringWithoutItsTerminatorIsCutAtTheBlocksEnd) {
+  // "firmCode" holds "F1" and no zero, the last bytes of the block.
+  TestWire::Bytes data = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01, 0x04};
+  const char name[] = "firmCode";
+  data.insert(data.end(), name, name + sizeof name);
+  data.insert(data.end(), {0x02, 0x02, 0x08, 'F', '1'});
+  ASSERT_EQ(Run(EAdapterShape::SendOneString, data), 0);
+  EXPECT_EQ(fake_.Call(), "F1");
+}
+
+TEST_F(ShapeTableTest, ANumberListWithAHugeCountGivesNoList) {
+  // "lsDoubles" says 2^31 values and the block ends after the count.
+  TestWire::Bytes data = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01, 0x04};
+  const char name[] = "lsDoubles";
+  data.insert(data.end(), name, name + sizeof name);
+  data.insert(data.end(), {0x04, 0x01});
+  TestWire::Compact(data, 0x80000000u);
+  ASSERT_EQ(Run(EAdapterShape::SendTwoStringsAndArrayDoubleNumbers, data), 0);
+  EXPECT_EQ(fake_.Call(), "||null");
+}
+
+TEST_F(ShapeTableTest, ACompositeListSentAsAStringIsNoList) {
+  std::vector<unsigned char> data =
+      R().Set("firmCode", std::string("F1")).Set("lsItems", std::string("not a list")).Block();
+  ASSERT_EQ(Run(EAdapterShape::SendStringAndClassListForCurrency, data), 0);
+  EXPECT_EQ(fake_.Call(), "F1|null");
+  // An element whose fields come with the wrong types reads them as the
+  // decoder does: an int's bytes as a string up to its zero, a string's bytes
+  // into the low bytes of the number.
+  data = R().Set("firmCode", std::string("F1"))
+             .Set("lsItems", TestWire::Records{R().Set("str", 7).Set("value", std::string("x"))})
+             .Block();
+  ASSERT_EQ(Run(EAdapterShape::SendTwoStringsAndArrayCurrencyWithDiscount, data), 0);
+  double low = 0;
+  const unsigned char bytes[] = {'x', 0};
+  std::memcpy(&low, bytes, sizeof bytes);
+  EXPECT_EQ(fake_.Call(), "F1||[\x07:" + Num(low) + "]");
+}
+
 }  // namespace

@@ -15,16 +15,19 @@ namespace TestWire {
 
 using Bytes = std::vector<unsigned char>;
 
-inline void Compact(Bytes& out, uint32_t value) {
+inline void Compact(Bytes& out, uint64_t value) {
   if (value < 64) {
     out.push_back(static_cast<unsigned char>(value << 2));
   } else if (value < 16384) {
     uint16_t v = static_cast<uint16_t>((value << 2) | 1);
     out.push_back(static_cast<unsigned char>(v & 0xFF));
     out.push_back(static_cast<unsigned char>(v >> 8));
-  } else {
-    uint32_t v = (value << 2) | 2;
+  } else if (value < 1073741824) {
+    uint32_t v = static_cast<uint32_t>((value << 2) | 2);
     for (int i = 0; i < 4; ++i) out.push_back(static_cast<unsigned char>((v >> (8 * i)) & 0xFF));
+  } else {
+    uint64_t v = (value << 2) | 3;
+    for (int i = 0; i < 8; ++i) out.push_back(static_cast<unsigned char>((v >> (8 * i)) & 0xFF));
   }
 }
 
