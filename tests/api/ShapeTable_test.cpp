@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "WireBlock.h"
+#include "base/TMemory.h"
 
 namespace {
 
@@ -774,6 +775,35 @@ TEST_F(ShapeTableTest, ACompositeListSentAsAStringIsNoList) {
   const unsigned char bytes[] = {'x', 0};
   std::memcpy(&low, bytes, sizeof bytes);
   EXPECT_EQ(fake_.Call(), "F1||[\x07:" + Num(low) + "]");
+}
+
+TEST(ShapeTableMemoryTest, ANestedResultMadeInTheFirmsMemoryIsCopiedBackAndGivenBack) {
+  TMemory memory;
+  TAdapterEnv env;
+  env.noteChange = [](const std::string&, std::string) { FAIL() << "a reading shape notes nothing"; };
+  env.freeMemory = [&](const char*, void** block) { return memory.FreeMemory(block); };
+  auto settings = [&](const char* firm, int user, ZDL_ClassToSettleCodeToSecList** out) {
+    if (std::string(firm) != "F1" || user != 3) return 4;
+    ZDL_ClassToSettleCodeToSecList* list = memory.ConstructClassToSettleCodeToSecList(1);
+    list->items[0].strCode = Dup("TQBR");
+    list->items[0].lsSettleCodes = {1, new ZDL_StringToArrayStrings[1]};
+    list->items[0].lsSettleCodes.items[0] = {Dup("T0"), Strs({"SBER", "GAZP"})};
+    *out = list;
+    return 0;
+  };
+  std::vector<unsigned char> data = R().Set("firmCode", std::string("F1")).Set("intParam1", 3).Block();
+  ASSERT_EQ(TShape<EAdapterShape::SendStringWithInt_GetClassToSettleCodeToSecList>::Run(settings, "Cmd", data,
+                                                                                         "HOLDER", env),
+            0);
+  EXPECT_EQ(memory.Outstanding(), 0u);  // given back through the firm, with every inner list
+  const Record reply =
+      R().Set("firmCode", std::string("F1"))
+          .Set("intParam1", 3)
+          .Set("lsItems", TestWire::Records{R().Set("strCode", std::string("TQBR"))
+                                                .Set("lsSettleCodes",
+                                                     TestWire::Records{R().Set("strCode", std::string("T0"))
+                                                                           .Set("lsStrings", Strings{"SBER", "GAZP"})})});
+  EXPECT_EQ(data, reply.Block());
 }
 
 }  // namespace
