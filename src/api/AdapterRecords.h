@@ -68,3 +68,60 @@ ZDL_DECLARE_RECORD(TDL_StringsPair, (std::string, str1), (std::string, str2));
 ZDL_DECLARE_RECORD(TDL_StringAndArrayOfPairs, (std::string, firmCode), (std::vector<TDL_StringsPair>, lsPairs));
 
 ZDL_DECLARE_RECORD(TDL_StringWithIntAndArrayOfPairs, (std::string, firmCode), (int, intParam1), (std::vector<TDL_StringsPair>, lsPairs));
+
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayOfPairs, (std::string, firmCode), (std::string, strParam), (std::vector<TDL_StringsPair>, lsPairs));
+
+// ---- Elements of the composite lists --------------------------------------
+
+// A limit kind and its classes or securities.
+ZDL_DECLARE_RECORD(TDL_IntToArrayString, (int, intParam), (std::vector<std::string>, lsStrings));
+
+// A limit kind with its settle codes and classes.
+ZDL_DECLARE_RECORD(TDL_IntToSettleCodeListToClassList, (int, intParam), (std::vector<std::string>, lsSettleCodes), (std::vector<std::string>, lsClasses));
+
+// A code (class, security, tag, currency) and the list that belongs to it.
+ZDL_DECLARE_RECORD(TDL_StringListToString, (std::string, str), (std::vector<std::string>, lsStrings));
+
+// A currency and its classes.
+ZDL_DECLARE_RECORD(TDL_ClassListForCurrency, (std::string, currency), (std::vector<std::string>, lsClasses));
+
+// A currency and its discount.
+ZDL_DECLARE_RECORD(TDL_StringAndDouble, (std::string, str), (double, value));
+
+// A code and the codes it maps to.
+ZDL_DECLARE_RECORD(TDL_StringToArrayStrings, (std::string, strCode), (std::vector<std::string>, lsStrings));
+
+// A class with its settle codes, each with its securities.
+ZDL_DECLARE_RECORD(TDL_ClassToSettleCodeToSec, (std::string, strCode), (std::vector<TDL_StringToArrayStrings>, lsSettleCodes));
+
+// Two codes and a list.
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayStrings, (std::string, str1), (std::string, str2), (std::vector<std::string>, lsStrings));
+
+// ---- Records of the composite shapes --------------------------------------
+// The list of a composite shape travels as "lsItems"; the other fields follow
+// the scheme above.
+ZDL_DECLARE_RECORD(TDL_StringAndArrayIntForString, (std::string, firmCode), (std::vector<TDL_IntToArrayString>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayIntForString, (std::string, firmCode), (std::string, strParam), (std::vector<TDL_IntToArrayString>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringAndArrayIntForStringForString, (std::string, firmCode), (std::vector<TDL_IntToSettleCodeListToClassList>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayIntForStringForString, (std::string, firmCode), (std::string, strParam), (std::vector<TDL_IntToSettleCodeListToClassList>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringAndStringLists, (std::string, firmCode), (std::vector<TDL_StringListToString>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndStringLists, (std::string, firmCode), (std::string, strParam), (std::vector<TDL_StringListToString>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringAndClassListForCurrency, (std::string, firmCode), (std::vector<TDL_ClassListForCurrency>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_TwoStringsAndArrayCurrencyWithDiscount, (std::string, firmCode), (std::string, strParam), (std::vector<TDL_StringAndDouble>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_ThreeStringsAndArrayCurrencyWithDiscount, (std::string, firmCode), (std::string, strParam1), (std::string, strParam2), (std::vector<TDL_StringAndDouble>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringAndDerivativesBaseAssetsList, (std::string, firmCode), (std::vector<TDL_StringToArrayStrings>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringWithIntAndClassToSettleCodeList, (std::string, firmCode), (int, intParam1), (std::vector<TDL_StringToArrayStrings>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringWithIntAndClassToSettleCodeToSecList, (std::string, firmCode), (int, intParam1), (std::vector<TDL_ClassToSettleCodeToSec>, lsItems));
+
+ZDL_DECLARE_RECORD(TDL_StringWithIntAndArrayOfTwoStringsAndArrayStrings, (std::string, firmCode), (int, intParam1), (std::vector<TDL_TwoStringsAndArrayStrings>, lsItems));

@@ -22,7 +22,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "api/Adapters.h"
@@ -76,7 +78,7 @@ inline std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 // A string field, passed as const char*.
 template <auto Member>
 struct Str {
-  template <class R>
+  template <class P, class R>
   static TPassed<const char*> Bind(R& r) {
     return {(r.*Member).c_str()};
   }
@@ -89,7 +91,7 @@ struct Str {
 // An int, bool or double field, passed by value.
 template <auto Member>
 struct Val {
-  template <class R>
+  template <class P, class R>
   static auto Bind(R& r) {
     using T = std::remove_cvref_t<decltype(r.*Member)>;
     return TPassed<T>{r.*Member};
@@ -103,27 +105,56 @@ struct Val {
   }
 };
 
+// One element of a list as a change line writes it: a string as it is, a
+// number in its shortest form, a list in brackets, a record as its fields in
+// order joined by ':' (a pair of codes is "str1:str2").
+template <class Item>
+std::string ItemText(const Item& item);
+
+template <class Item>
+std::string BracketedList(const std::vector<Item>& list) {
+  std::vector<std::string> items;
+  items.reserve(list.size());
+  for (const Item& item : list) items.push_back(ItemText(item));
+  return vectorSTLStringsToStr(items);
+}
+
+template <class Item>
+std::string ItemText(const Item& item) {
+  if constexpr (std::is_same_v<Item, std::string>) {
+    return item;
+  } else if constexpr (std::is_same_v<Item, double>) {
+    return NumberText(item);
+  } else if constexpr (std::is_arithmetic_v<Item>) {
+    return std::to_string(item);
+  } else if constexpr (RecordFields::TIsVector<Item>::value) {
+    return BracketedList(item);
+  } else {
+    std::string text;
+    bool first = true;
+    Item::VisitFields(item, [&](const char*, const auto& field) {
+      if (!first) text += ':';
+      first = false;
+      text += ItemText(field);
+    });
+    return text;
+  }
+}
+
 // A list written into a change line: its count, then the list in brackets, or
 // NULL when it is empty.
 template <class Item>
 std::string ListText(const std::vector<Item>& list) {
   std::string text = std::to_string(list.size());
   if (list.empty()) return text + "NULL";
-  std::vector<std::string> items;
-  for (const Item& item : list) {
-    if constexpr (std::is_same_v<Item, std::string>) items.push_back(item);
-    else if constexpr (std::is_same_v<Item, TDL_StringsPair>) items.push_back(item.str1 + ":" + item.str2);
-    else if constexpr (std::is_same_v<Item, double>) items.push_back(NumberText(item));
-    else items.push_back(std::to_string(item));
-  }
-  return text + vectorSTLStringsToStr(items);
+  return text + BracketedList(list);
 }
 
 // A list field, passed as the plain array that Holder builds from it (null
 // when empty) and releases after the call.
 template <class Holder, auto Member>
 struct ListArg {
-  template <class R>
+  template <class P, class R>
   static Holder Bind(R& r) {
     return Holder(r.*Member);
   }
@@ -150,10 +181,51 @@ using Pairs = ListArg<TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_Strings
                                   &New_ZDL_ArrayCodeToCodeTrdaccToTrdacc, &Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc>,
                       Member>;
 
+// A list of records, passed as the composite array Array (api/ZDLArrays.def).
+template <class Array, class Item>
+struct TComposite;
+#define ZDL_COMPOSITE_ARRAY(array, element)                                                           \
+  template <>                                                                                         \
+  struct TComposite<ZDL_##array, element> {                                                           \
+    using Built = TBuiltArray<ZDL_##array, element, &New_ZDL_##array, &Free_ZDL_##array>;             \
+  };
+#include "api/ZDLArrays.def"
+#undef ZDL_COMPOSITE_ARRAY
+
+template <class Array, auto Member>
+struct Composite {
+  template <class P, class R>
+  static auto Bind(R& r) {
+    using Item = typename RecordFields::TIsVector<std::remove_cvref_t<decltype(r.*Member)>>::Element;
+    return typename TComposite<Array, Item>::Built(r.*Member);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
+// A list whose array type is the one fn takes at this place: Preferred, or
+// Other when fn's parameter there is Other* (two settings functions sharing a
+// name over two array types of one layout). A callable whose parameters
+// cannot be read gets Preferred.
+template <class Preferred, class Other, auto Member>
+struct EitherComposite {
+  template <class P, class R>
+  static auto Bind(R& r) {
+    using Array = std::conditional_t<std::is_same_v<P, Other*>, Other, Preferred>;
+    return Composite<Array, Member>::template Bind<P>(r);
+  }
+  template <class R>
+  static std::string Text(const R& r) {
+    return ListText(r.*Member);
+  }
+};
+
 // Three double fields, passed as ZDL_BaseDiscCoeff by value.
 template <auto M1, auto M2, auto M3>
 struct DiscCoeff {
-  template <class R>
+  template <class P, class R>
   static TPassed<ZDL_BaseDiscCoeff> Bind(R& r) {
     return {ZDL_BaseDiscCoeff{r.*M1, r.*M2, r.*M3}};
   }
@@ -166,7 +238,7 @@ struct DiscCoeff {
 // Two double fields, passed as ZDL_VolatilityChangeScenarios by value.
 template <auto M1, auto M2>
 struct Scenarios {
-  template <class R>
+  template <class P, class R>
   static TPassed<ZDL_VolatilityChangeScenarios> Bind(R& r) {
     return {ZDL_VolatilityChangeScenarios{r.*M1, r.*M2}};
   }
@@ -181,7 +253,7 @@ struct Scenarios {
 // An int, bool or double into a field of the same type.
 template <auto Member>
 struct OutVal {
-  template <class R>
+  template <class R, class P>
   using Local = std::remove_cvref_t<decltype(std::declval<R&>().*Member)>;
   template <class R, class L>
   static void Store(R& r, L& local, const TAdapterEnv&, const std::string&) {
@@ -192,7 +264,7 @@ struct OutVal {
 // A char* handed out by the settings layer: copied, then released.
 template <auto Member>
 struct OutStr {
-  template <class R>
+  template <class R, class P>
   using Local = char*;
   template <class R>
   static void Store(R& r, char*& text, const TAdapterEnv& env, const std::string& firmCode) {
@@ -204,25 +276,13 @@ struct OutStr {
 // A counted array handed out by the settings layer: copied in order, then released.
 template <class Array, auto Member>
 struct OutArray {
-  template <class R>
+  template <class R, class P>
   using Local = Array*;
-  template <class R>
-  static void Store(R& r, Array*& array, const TAdapterEnv& env, const std::string& firmCode) {
+  template <class R, class A>
+  static void Store(R& r, A*& array, const TAdapterEnv& env, const std::string& firmCode) {
     auto& list = r.*Member;
     list.clear();
-    if (array != nullptr && array->items != nullptr) {
-      for (uint64_t i = 0; i < array->count; ++i) {
-        if constexpr (std::is_same_v<Array, ZDL_ArrayStrings>) {
-          const char* item = array->items[i];
-          list.emplace_back(item != nullptr ? item : "");
-        } else if constexpr (std::is_same_v<decltype(array->items), ZDL_StringToString*>) {
-          const ZDL_StringToString& pair = array->items[i];
-          list.push_back({pair.str1 != nullptr ? pair.str1 : "", pair.str2 != nullptr ? pair.str2 : ""});
-        } else {
-          list.push_back(array->items[i]);
-        }
-      }
-    }
+    if (array != nullptr) ZDL_ToRecords(*array, list);
     Detail::Release(env, firmCode, array);
   }
 };
@@ -233,9 +293,21 @@ using OutInts = OutArray<ZDL_ArrayIntNumbers, Member>;
 template <auto Member>
 using OutDoubles = OutArray<ZDL_ArrayDoubleNumbers, Member>;
 
+// A result array of the type fn hands out at this place: Preferred, or Other
+// when fn's parameter is Other** (see EitherComposite).
+template <class Preferred, class Other, auto Member>
+struct OutEitherArray {
+  template <class R, class P>
+  using Local = std::conditional_t<std::is_same_v<P, Other**>, Other*, Preferred*>;
+  template <class R, class A>
+  static void Store(R& r, A*& array, const TAdapterEnv& env, const std::string& firmCode) {
+    OutArray<A, Member>::Store(r, array, env, firmCode);
+  }
+};
+
 template <auto M1, auto M2, auto M3>
 struct OutDiscCoeff {
-  template <class R>
+  template <class R, class P>
   using Local = ZDL_BaseDiscCoeff;
   template <class R>
   static void Store(R& r, ZDL_BaseDiscCoeff& v, const TAdapterEnv&, const std::string&) {
@@ -247,7 +319,7 @@ struct OutDiscCoeff {
 
 template <auto M1, auto M2>
 struct OutScenarios {
-  template <class R>
+  template <class R, class P>
   using Local = ZDL_VolatilityChangeScenarios;
   template <class R>
   static void Store(R& r, ZDL_VolatilityChangeScenarios& v, const TAdapterEnv&, const std::string&) {
@@ -296,6 +368,59 @@ struct LineArguments {
   }
 };
 
+// ---- The parameters of a settings function --------------------------------
+
+// The parameter types of a callable whose signature can be read: a function,
+// a function pointer, or an object with one non-template operator() (a
+// std::function, a plain lambda). Params is void for any other callable.
+template <class F, class = void>
+struct TSignature {
+  using Params = void;
+};
+template <class Ret, class... A>
+struct TSignature<Ret (*)(A...), void> {
+  using Params = std::tuple<A...>;
+};
+template <class Ret, class... A>
+struct TSignature<Ret(A...), void> {
+  using Params = std::tuple<A...>;
+};
+template <class M>
+struct TMemberSignature {
+  using Params = void;
+};
+template <class Ret, class C, class... A>
+struct TMemberSignature<Ret (C::*)(A...)> {
+  using Params = std::tuple<A...>;
+};
+template <class Ret, class C, class... A>
+struct TMemberSignature<Ret (C::*)(A...) const> {
+  using Params = std::tuple<A...>;
+};
+template <class Ret, class C, class... A>
+struct TMemberSignature<Ret (C::*)(A...) noexcept> {
+  using Params = std::tuple<A...>;
+};
+template <class Ret, class C, class... A>
+struct TMemberSignature<Ret (C::*)(A...) const noexcept> {
+  using Params = std::tuple<A...>;
+};
+template <class F>
+struct TSignature<F, std::void_t<decltype(&F::operator())>> : TMemberSignature<decltype(&F::operator())> {};
+
+template <class Params, std::size_t I, class = void>
+struct TParamAt {
+  using type = void;
+};
+template <class... A, std::size_t I>
+struct TParamAt<std::tuple<A...>, I, std::enable_if_t<(I < sizeof...(A))>> {
+  using type = std::tuple_element_t<I, std::tuple<A...>>;
+};
+
+// The type of fn's parameter at place I, or void when it cannot be read.
+template <class Fn, std::size_t I>
+using ParamAt = typename TParamAt<typename TSignature<std::remove_cvref_t<Fn>>::Params, I>::type;
+
 // ---- The two kinds of shape ---------------------------------------------
 
 template <class Record, class Line, class... In>
@@ -305,11 +430,18 @@ struct TSend {
   template <class Fn>
   static int Run(Fn&& fn, const std::string& command, std::vector<unsigned char>& data, const std::string& firm,
                  const TAdapterEnv& env) {
+    return RunWith(std::forward<Fn>(fn), command, data, firm, env, std::index_sequence_for<In...>{});
+  }
+
+ private:
+  template <class Fn, std::size_t... I>
+  static int RunWith(Fn&& fn, const std::string& command, std::vector<unsigned char>& data, const std::string& firm,
+                     const TAdapterEnv& env, std::index_sequence<I...>) {
     Record record;
     LoadDataForZDeallibAPI(record, data);
     // The built arrays live until the end of this statement: released whatever
     // fn returns, also when it throws.
-    int n = std::invoke(fn, In::Bind(record).get()...);
+    int n = std::invoke(fn, In::template Bind<ParamAt<Fn, I>>(record).get()...);
     if (n != 0) return SettingsResult(n);
     env.noteChange(firm, Line::template Make<Record, In...>(command, record));
     return 0;
@@ -330,12 +462,19 @@ struct TRead<Record, Out, First, Rest...> {
                  const TAdapterEnv& env) {
     (void)command;
     (void)firm;
+    return RunWith(std::forward<Fn>(fn), data, env, std::index_sequence_for<Rest...>{});
+  }
+
+ private:
+  template <class Fn, std::size_t... I>
+  static int RunWith(Fn&& fn, std::vector<unsigned char>& data, const TAdapterEnv& env, std::index_sequence<I...>) {
     Record record;
     LoadDataForZDeallibAPI(record, data);
-    typename Out::template Local<Record> result{};
-    int n = std::invoke(fn, First::Bind(record).get(), Rest::Bind(record).get()..., &result);
+    typename Out::template Local<Record, ParamAt<Fn, sizeof...(Rest) + 1>> result{};
+    int n = std::invoke(fn, First::template Bind<ParamAt<Fn, 0>>(record).get(),
+                        Rest::template Bind<ParamAt<Fn, I + 1>>(record).get()..., &result);
     if (n != 0) return SettingsResult(n);
-    Out::Store(record, result, env, std::string(First::Bind(record).get()));
+    Out::Store(record, result, env, std::string(First::template Bind<void>(record).get()));
     StoreDataForZDealerAPI(record, data);
     return 0;
   }

@@ -8,6 +8,21 @@ namespace DL {
 namespace {
 
 template <class F>
+std::string WireType();
+
+// A record's fields as "`name` type" joined by "; ".
+template <class Record>
+std::string FieldsText() {
+  std::string text;
+  Record record;
+  Record::VisitFields(record, [&](const char* name, const auto& field) {
+    if (!text.empty()) text += "; ";
+    text += std::string("`") + name + "` " + WireType<std::remove_cvref_t<decltype(field)>>();
+  });
+  return text;
+}
+
+template <class F>
 std::string WireType() {
   if constexpr (std::is_same_v<F, std::string>) return "string";
   else if constexpr (std::is_same_v<F, int>) return "int (4 bytes)";
@@ -16,8 +31,10 @@ std::string WireType() {
   else if constexpr (std::is_same_v<F, std::vector<std::string>>) return "list of strings";
   else if constexpr (std::is_same_v<F, std::vector<int>>) return "list of int";
   else if constexpr (std::is_same_v<F, std::vector<double>>) return "list of double";
-  else if constexpr (std::is_same_v<F, std::vector<TDL_StringsPair>>) return "list of TDL_StringsPair (`str1` string; `str2` string)";
-  else static_assert(!std::is_same_v<F, F>, "a generic record holds no other field type");
+  else if constexpr (RecordFields::TIsVector<F>::value) {
+    using E = typename RecordFields::TIsVector<F>::Element;
+    return std::string("list of ") + E::kRecordName + " (" + FieldsText<E>() + ")";
+  } else static_assert(!std::is_same_v<F, F>, "a generic record holds no other field type");
 }
 
 struct TShapeInfo {

@@ -2,8 +2,8 @@
 // Every generic adapter shape, declared once: the record it decodes, the
 // arguments handed to the settings function in their order, the result it
 // reads back or the change line it notes. TShape<S>::Run is the adapter
-// CallDLFunction_<S>; TShape<S>::kBuilt is false for a shape whose composite
-// records are not written yet (its commands cannot be registered).
+// CallDLFunction_<S>; TShape<S>::kBuilt is false for a shape not declared
+// here (its commands cannot be registered).
 #include "api/AdapterRecords.h"
 #include "api/CommandTable.h"
 #include "api/ShapeAdapter.h"
@@ -50,6 +50,25 @@ using SAI = TDL_StringAndArrayInt;
 using S2AD = TDL_TwoStringsAndArrayDouble;
 using SAP = TDL_StringAndArrayOfPairs;
 using SIAP = TDL_StringWithIntAndArrayOfPairs;
+using S2AP = TDL_TwoStringsAndArrayOfPairs;
+using SIFS = TDL_StringAndArrayIntForString;
+using S2IFS = TDL_TwoStringsAndArrayIntForString;
+using SIFSS = TDL_StringAndArrayIntForStringForString;
+using S2IFSS = TDL_TwoStringsAndArrayIntForStringForString;
+using SSL = TDL_StringAndStringLists;
+using S2SL = TDL_TwoStringsAndStringLists;
+using SCLC = TDL_StringAndClassListForCurrency;
+using S2CD = TDL_TwoStringsAndArrayCurrencyWithDiscount;
+using S3CD = TDL_ThreeStringsAndArrayCurrencyWithDiscount;
+using SDBA = TDL_StringAndDerivativesBaseAssetsList;
+using SICS = TDL_StringWithIntAndClassToSettleCodeList;
+using SICSS = TDL_StringWithIntAndClassToSettleCodeToSecList;
+using SI2SA = TDL_StringWithIntAndArrayOfTwoStringsAndArrayStrings;
+// Limit kinds by class or by security: one shape for both array types.
+template <auto Member>
+using IntForString = EitherComposite<ZDL_ArrayClassToLimitKind, ZDL_ArraySecToLimitKind, Member>;
+template <auto Member>
+using OutIntForString = OutEitherArray<ZDL_ArrayClassToLimitKind, ZDL_ArraySecToLimitKind, Member>;
 }  // namespace ShapeRows
 
 // clang-format off
@@ -80,6 +99,22 @@ ZDL_SHAPE_DECLARE(SendThreeStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::S
 ZDL_SHAPE_DECLARE(SendThreeStringsAndIntWithArrayStrings, ShapeRows::TSend<ShapeRows::S3IA, Shape::LineArguments, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>, Shape::Strings<&ShapeRows::S3IA::lsStrings>>)
 ZDL_SHAPE_DECLARE(SendOneStringAndIntWithTwoStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::S3IA, Shape::LineArguments, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>, Shape::Strings<&ShapeRows::S3IA::lsStrings>>)
 ZDL_SHAPE_DECLARE(SendStringAndArrayOfPairOfStrings, ShapeRows::TSend<ShapeRows::SAP, Shape::LineArguments, Shape::Str<&ShapeRows::SAP::firmCode>, Shape::Pairs<&ShapeRows::SAP::lsPairs>>)
+ZDL_SHAPE_DECLARE(SendStringAndDerivativesBaseAssetsList, ShapeRows::TSend<ShapeRows::SDBA, Shape::LineArguments, Shape::Str<&ShapeRows::SDBA::firmCode>, Shape::Composite<ZDL_DerivativesBaseAssetsList, &ShapeRows::SDBA::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndClassListForCurrency, ShapeRows::TSend<ShapeRows::SCLC, Shape::LineArguments, Shape::Str<&ShapeRows::SCLC::firmCode>, Shape::Composite<ZDL_ArrayClassListForCurrency, &ShapeRows::SCLC::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndStringListToTag, ShapeRows::TSend<ShapeRows::SSL, Shape::LineArguments, Shape::Str<&ShapeRows::SSL::firmCode>, Shape::Composite<ZDL_ArrayStringListToTag, &ShapeRows::SSL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndArrayOfStringListToClass, ShapeRows::TSend<ShapeRows::SSL, Shape::LineArguments, Shape::Str<&ShapeRows::SSL::firmCode>, Shape::Composite<ZDL_ArrayOfStringListToClass, &ShapeRows::SSL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndArrayOfStringListToSec, ShapeRows::TSend<ShapeRows::SSL, Shape::LineArguments, Shape::Str<&ShapeRows::SSL::firmCode>, Shape::Composite<ZDL_ArrayOfStringListToSec, &ShapeRows::SSL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringAndStringListToTag, ShapeRows::TSend<ShapeRows::S2SL, Shape::LineArguments, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>, Shape::Composite<ZDL_ArrayStringListToTag, &ShapeRows::S2SL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringAndArrayOfStringListToClass, ShapeRows::TSend<ShapeRows::S2SL, Shape::LineArguments, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>, Shape::Composite<ZDL_ArrayOfStringListToClass, &ShapeRows::S2SL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringAndArrayOfStringListToSec, ShapeRows::TSend<ShapeRows::S2SL, Shape::LineArguments, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>, Shape::Composite<ZDL_ArrayOfStringListToSec, &ShapeRows::S2SL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringAndStringListToCurrency, ShapeRows::TSend<ShapeRows::S2SL, Shape::LineArguments, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>, Shape::Composite<ZDL_ArrayOfStringListToCurrency, &ShapeRows::S2SL::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndArrayIntForString, ShapeRows::TSend<ShapeRows::SIFS, Shape::LineArguments, Shape::Str<&ShapeRows::SIFS::firmCode>, ShapeRows::IntForString<&ShapeRows::SIFS::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringsAndArrayIntForString, ShapeRows::TSend<ShapeRows::S2IFS, Shape::LineArguments, Shape::Str<&ShapeRows::S2IFS::firmCode>, Shape::Str<&ShapeRows::S2IFS::strParam>, ShapeRows::IntForString<&ShapeRows::S2IFS::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringsAndArrayCurrencyWithDiscount, ShapeRows::TSend<ShapeRows::S2CD, Shape::LineArguments, Shape::Str<&ShapeRows::S2CD::firmCode>, Shape::Str<&ShapeRows::S2CD::strParam>, Shape::Composite<ZDL_ArrayCurrencyWithDiscount, &ShapeRows::S2CD::lsItems>>)
+ZDL_SHAPE_DECLARE(SendThreeStringsAndArrayCurrencyWithDiscount, ShapeRows::TSend<ShapeRows::S3CD, Shape::LineArguments, Shape::Str<&ShapeRows::S3CD::firmCode>, Shape::Str<&ShapeRows::S3CD::strParam1>, Shape::Str<&ShapeRows::S3CD::strParam2>, Shape::Composite<ZDL_ArrayCurrencyWithDiscount, &ShapeRows::S3CD::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndArrayIntForStringForString, ShapeRows::TSend<ShapeRows::SIFSS, Shape::LineArguments, Shape::Str<&ShapeRows::SIFSS::firmCode>, Shape::Composite<ZDL_ArrayLimitKindToSettleCodeListToClassList, &ShapeRows::SIFSS::lsItems>>)
+ZDL_SHAPE_DECLARE(SendTwoStringsAndArrayIntForStringForString, ShapeRows::TSend<ShapeRows::S2IFSS, Shape::LineArguments, Shape::Str<&ShapeRows::S2IFSS::firmCode>, Shape::Str<&ShapeRows::S2IFSS::strParam>, Shape::Composite<ZDL_ArrayLimitKindToSettleCodeListToClassList, &ShapeRows::S2IFSS::lsItems>>)
+ZDL_SHAPE_DECLARE(SendStringAndIntWithArrayOfTwoStringsAndArrayStrings, ShapeRows::TSend<ShapeRows::SI2SA, Shape::LineArguments, Shape::Str<&ShapeRows::SI2SA::firmCode>, Shape::Val<&ShapeRows::SI2SA::intParam1>, Shape::Composite<ZDL_ArrayOfTwoStringsAndArrayStrings, &ShapeRows::SI2SA::lsItems>>)
 
 // ---- Shapes that read ----
 ZDL_SHAPE_DECLARE(SendOneString_GetString, ShapeRows::TRead<ShapeRows::S2, Shape::OutStr<&ShapeRows::S2::strParam>, Shape::Str<&ShapeRows::S2::firmCode>>)
@@ -106,6 +141,25 @@ ZDL_SHAPE_DECLARE(SendThreeStrings_GetArrayStrings, ShapeRows::TRead<ShapeRows::
 ZDL_SHAPE_DECLARE(SendThreeStringsWithInt_GetArrayStrings, ShapeRows::TRead<ShapeRows::S3IA, Shape::OutStrings<&ShapeRows::S3IA::lsStrings>, Shape::Str<&ShapeRows::S3IA::strParam1>, Shape::Val<&ShapeRows::S3IA::intParam>, Shape::Str<&ShapeRows::S3IA::strParam2>, Shape::Str<&ShapeRows::S3IA::strParam3>>)
 ZDL_SHAPE_DECLARE(SendString_GetArrayOfPairOfStrings, ShapeRows::TRead<ShapeRows::SAP, Shape::OutArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, &ShapeRows::SAP::lsPairs>, Shape::Str<&ShapeRows::SAP::firmCode>>)
 ZDL_SHAPE_DECLARE(SendStringWithInt_GetArrayOfStringToString, ShapeRows::TRead<ShapeRows::SIAP, Shape::OutArray<ZDL_ArrayStringToString, &ShapeRows::SIAP::lsPairs>, Shape::Str<&ShapeRows::SIAP::firmCode>, Shape::Val<&ShapeRows::SIAP::intParam1>>)
+ZDL_SHAPE_DECLARE(SendString_GetDerivativesBaseAssetsList, ShapeRows::TRead<ShapeRows::SDBA, Shape::OutArray<ZDL_DerivativesBaseAssetsList, &ShapeRows::SDBA::lsItems>, Shape::Str<&ShapeRows::SDBA::firmCode>>)
+ZDL_SHAPE_DECLARE(SendStringWithInt_GetClassToSettleCodeList, ShapeRows::TRead<ShapeRows::SICS, Shape::OutArray<ZDL_ArrayClassCodeToSettleCodeList, &ShapeRows::SICS::lsItems>, Shape::Str<&ShapeRows::SICS::firmCode>, Shape::Val<&ShapeRows::SICS::intParam1>>)
+ZDL_SHAPE_DECLARE(GetChangeFutClientCodesByFirmFromGlobalEx, ShapeRows::TRead<ShapeRows::S2AP, Shape::OutArray<ZDL_ArrayClientCodeToTrdAcc, &ShapeRows::S2AP::lsPairs>, Shape::Str<&ShapeRows::S2AP::firmCode>, Shape::Str<&ShapeRows::S2AP::strParam>>)
+ZDL_SHAPE_DECLARE(SendString_GetClassListForCurrency, ShapeRows::TRead<ShapeRows::SCLC, Shape::OutArray<ZDL_ArrayClassListForCurrency, &ShapeRows::SCLC::lsItems>, Shape::Str<&ShapeRows::SCLC::firmCode>>)
+ZDL_SHAPE_DECLARE(SendString_GetStringListToTag, ShapeRows::TRead<ShapeRows::SSL, Shape::OutArray<ZDL_ArrayStringListToTag, &ShapeRows::SSL::lsItems>, Shape::Str<&ShapeRows::SSL::firmCode>>)
+ZDL_SHAPE_DECLARE(SendString_GetArrayOfStringListToClass, ShapeRows::TRead<ShapeRows::SSL, Shape::OutArray<ZDL_ArrayOfStringListToClass, &ShapeRows::SSL::lsItems>, Shape::Str<&ShapeRows::SSL::firmCode>>)
+ZDL_SHAPE_DECLARE(SendString_GetArrayOfStringListToSec, ShapeRows::TRead<ShapeRows::SSL, Shape::OutArray<ZDL_ArrayOfStringListToSec, &ShapeRows::SSL::lsItems>, Shape::Str<&ShapeRows::SSL::firmCode>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetStringListToTag, ShapeRows::TRead<ShapeRows::S2SL, Shape::OutArray<ZDL_ArrayStringListToTag, &ShapeRows::S2SL::lsItems>, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayOfStringListToClass, ShapeRows::TRead<ShapeRows::S2SL, Shape::OutArray<ZDL_ArrayOfStringListToClass, &ShapeRows::S2SL::lsItems>, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayOfStringListToSec, ShapeRows::TRead<ShapeRows::S2SL, Shape::OutArray<ZDL_ArrayOfStringListToSec, &ShapeRows::S2SL::lsItems>, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetStringListToCurrency, ShapeRows::TRead<ShapeRows::S2SL, Shape::OutArray<ZDL_ArrayOfStringListToCurrency, &ShapeRows::S2SL::lsItems>, Shape::Str<&ShapeRows::S2SL::firmCode>, Shape::Str<&ShapeRows::S2SL::strParam>>)
+ZDL_SHAPE_DECLARE(SendString_GetArrayIntForString, ShapeRows::TRead<ShapeRows::SIFS, ShapeRows::OutIntForString<&ShapeRows::SIFS::lsItems>, Shape::Str<&ShapeRows::SIFS::firmCode>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayIntForString, ShapeRows::TRead<ShapeRows::S2IFS, ShapeRows::OutIntForString<&ShapeRows::S2IFS::lsItems>, Shape::Str<&ShapeRows::S2IFS::firmCode>, Shape::Str<&ShapeRows::S2IFS::strParam>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayCurrencyWithDiscount, ShapeRows::TRead<ShapeRows::S2CD, Shape::OutArray<ZDL_ArrayCurrencyWithDiscount, &ShapeRows::S2CD::lsItems>, Shape::Str<&ShapeRows::S2CD::firmCode>, Shape::Str<&ShapeRows::S2CD::strParam>>)
+ZDL_SHAPE_DECLARE(SendThreeStrings_GetArrayCurrencyWithDiscount, ShapeRows::TRead<ShapeRows::S3CD, Shape::OutArray<ZDL_ArrayCurrencyWithDiscount, &ShapeRows::S3CD::lsItems>, Shape::Str<&ShapeRows::S3CD::firmCode>, Shape::Str<&ShapeRows::S3CD::strParam1>, Shape::Str<&ShapeRows::S3CD::strParam2>>)
+ZDL_SHAPE_DECLARE(SendString_GetArrayIntForStringForString, ShapeRows::TRead<ShapeRows::SIFSS, Shape::OutArray<ZDL_ArrayLimitKindToSettleCodeListToClassList, &ShapeRows::SIFSS::lsItems>, Shape::Str<&ShapeRows::SIFSS::firmCode>>)
+ZDL_SHAPE_DECLARE(SendTwoStrings_GetArrayIntForStringForString, ShapeRows::TRead<ShapeRows::S2IFSS, Shape::OutArray<ZDL_ArrayLimitKindToSettleCodeListToClassList, &ShapeRows::S2IFSS::lsItems>, Shape::Str<&ShapeRows::S2IFSS::firmCode>, Shape::Str<&ShapeRows::S2IFSS::strParam>>)
+ZDL_SHAPE_DECLARE(SendStringWithInt_GetArrayOfTwoStringsAndArrayStrings, ShapeRows::TRead<ShapeRows::SI2SA, Shape::OutArray<ZDL_ArrayOfTwoStringsAndArrayStrings, &ShapeRows::SI2SA::lsItems>, Shape::Str<&ShapeRows::SI2SA::firmCode>, Shape::Val<&ShapeRows::SI2SA::intParam1>>)
+ZDL_SHAPE_DECLARE(SendStringWithInt_GetClassToSettleCodeToSecList, ShapeRows::TRead<ShapeRows::SICSS, Shape::OutArray<ZDL_ClassToSettleCodeToSecList, &ShapeRows::SICSS::lsItems>, Shape::Str<&ShapeRows::SICSS::firmCode>, Shape::Val<&ShapeRows::SICSS::intParam1>>)
 // clang-format on
 
 #undef ZDL_SHAPE_DECLARE

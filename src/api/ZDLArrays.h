@@ -19,6 +19,18 @@ void Free_ZDL_ArrayIntNumbers(ZDL_ArrayIntNumbers& a);
 void New_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& out, const std::vector<double>& in);
 void Free_ZDL_ArrayDoubleNumbers(ZDL_ArrayDoubleNumbers& a);
 
-// Each pair's two strings in blocks of their own.
-void New_ZDL_ArrayCodeToCodeTrdaccToTrdacc(ZDL_ArrayCodeToCodeTrdaccToTrdacc& out, const std::vector<TDL_StringsPair>& in);
-void Free_ZDL_ArrayCodeToCodeTrdaccToTrdacc(ZDL_ArrayCodeToCodeTrdaccToTrdacc& a);
+// The composite arrays of ZDLArrays.def. New_ sets count, allocates items
+// (a block of zero length for an empty vector) and copies each element with
+// its strings and inner arrays; Free_ releases all of that. ZDL_ToRecords
+// copies an array the settings layer handed out back into records (nothing
+// for a null items block).
+void ZDL_ToRecords(const ZDL_ArrayStrings& in, std::vector<std::string>& out);
+void ZDL_ToRecords(const ZDL_ArrayIntNumbers& in, std::vector<int>& out);
+void ZDL_ToRecords(const ZDL_ArrayDoubleNumbers& in, std::vector<double>& out);
+
+#define ZDL_COMPOSITE_ARRAY(array, element)                                \
+  void New_ZDL_##array(ZDL_##array& out, const std::vector<element>& in); \
+  void Free_ZDL_##array(ZDL_##array& a);                                   \
+  void ZDL_ToRecords(const ZDL_##array& in, std::vector<element>& out);
+#include "api/ZDLArrays.def"
+#undef ZDL_COMPOSITE_ARRAY

@@ -4,30 +4,6 @@
 
 #include "base/ResultCodes.h"
 
-namespace {
-
-// A string block.
-void ReleaseRecord(char* s) { delete[] s; }
-
-// An array record and its items; the strings of an array of strings first.
-template <class Array>
-void ReleaseRecord(Array* a) {
-  if constexpr (std::is_same_v<decltype(a->items), char**>) {
-    if (a->items != nullptr)
-      for (uint64_t i = 0; i < a->count; ++i) delete[] a->items[i];
-  } else if constexpr (std::is_same_v<decltype(a->items), ZDL_StringToString*>) {
-    if (a->items != nullptr)
-      for (uint64_t i = 0; i < a->count; ++i) {
-        delete[] a->items[i].str1;
-        delete[] a->items[i].str2;
-      }
-  }
-  delete[] a->items;
-  delete a;
-}
-
-}  // namespace
-
 TMemory::~TMemory() {
   for (auto& [p, kind] : m_blocks) Release(p, kind);
 }
@@ -61,12 +37,28 @@ int TMemory::FreeMemory(void** p) {
 
 void TMemory::Release(void* p, EMEM_TYPE kind) {
   switch (kind) {
-#define ZDL_MEMORY_KIND(kind, record) \
-  case kind:                          \
-    ReleaseRecord(static_cast<record*>(p)); \
+#define ZDL_MEMORY_STRING(kind) \
+  case kind:                    \
+    delete[] static_cast<char*>(p); \
     return;
+#define ZDL_MEMORY_ARRAY(kind, Name)                              \
+  case kind: {                                                    \
+    auto* a = static_cast<ZDL_##Name*>(p);                        \
+    ZDLPlain::ReleaseContents(*a);                                \
+    delete a;                                                     \
+    return;                                                       \
+  }
+#define ZDL_MEMORY_RECORD(kind, Name)                             \
+  case kind: {                                                    \
+    auto* r = static_cast<ZDL_##Name*>(p);                        \
+    ZDLPlain::ReleaseItem(*r);                                    \
+    delete r;                                                     \
+    return;                                                       \
+  }
 #include "base/TMemory.def"
-#undef ZDL_MEMORY_KIND
+#undef ZDL_MEMORY_STRING
+#undef ZDL_MEMORY_ARRAY
+#undef ZDL_MEMORY_RECORD
     case MEM_KIND_COUNT:
       return;
   }

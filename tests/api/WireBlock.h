@@ -15,16 +15,19 @@ namespace TestWire {
 
 using Bytes = std::vector<unsigned char>;
 
-inline void Compact(Bytes& out, uint32_t value) {
+inline void Compact(Bytes& out, uint64_t value) {
   if (value < 64) {
     out.push_back(static_cast<unsigned char>(value << 2));
   } else if (value < 16384) {
     uint16_t v = static_cast<uint16_t>((value << 2) | 1);
     out.push_back(static_cast<unsigned char>(v & 0xFF));
     out.push_back(static_cast<unsigned char>(v >> 8));
-  } else {
-    uint32_t v = (value << 2) | 2;
+  } else if (value < 1073741824) {
+    uint32_t v = static_cast<uint32_t>((value << 2) | 2);
     for (int i = 0; i < 4; ++i) out.push_back(static_cast<unsigned char>((v >> (8 * i)) & 0xFF));
+  } else {
+    uint64_t v = (value << 2) | 3;
+    for (int i = 0; i < 8; ++i) out.push_back(static_cast<unsigned char>((v >> (8 * i)) & 0xFF));
   }
 }
 
@@ -58,8 +61,11 @@ Bytes RawBytes(const T& v) {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;  // records of "str1", "str2"
 
+class Record;
+using Records = std::vector<Record>;  // a list of records, each a section of its own
+
 using Field = std::variant<std::string, int, bool, double, std::vector<std::string>, std::vector<int>,
-                           std::vector<double>, Pairs>;
+                           std::vector<double>, Pairs, Records>;
 
 // The fields of one record by name; the block lists them sorted by name, and
 // an empty list is left out.
@@ -78,7 +84,15 @@ class Record {
   }
 
   Bytes Block() const {
-    Bytes out = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01, 0x01};
+    Bytes out = {0xA2, 0x49, 0x4D, 0xF3, 0xD9, 0x1E, 0x9F, 0x88, 0x01};
+    Section(out);
+    return out;
+  }
+
+  // The record as a section entry: type 01, the count of present fields, the
+  // fields sorted by name.
+  void Section(Bytes& out) const {
+    out.push_back(0x01);
     uint32_t count = 0;
     for (const auto& [name, value] : fields_) count += Present(value) ? 1 : 0;
     Compact(out, count);
@@ -88,7 +102,6 @@ class Record {
       out.push_back(0);
       Entry(out, value);
     }
-    return out;
   }
 
  private:
@@ -97,6 +110,7 @@ class Record {
     if (auto* l = std::get_if<std::vector<int>>(&f)) return !l->empty();
     if (auto* l = std::get_if<std::vector<double>>(&f)) return !l->empty();
     if (auto* l = std::get_if<Pairs>(&f)) return !l->empty();
+    if (auto* l = std::get_if<Records>(&f)) return !l->empty();
     return true;
   }
 
@@ -145,6 +159,10 @@ class Record {
         out.insert(out.end(), {'s', 't', 'r', '2', 0});
         Value(out, 0x02, StringBytes(second));
       }
+    } else if (auto* lr = std::get_if<Records>(&f)) {
+      out.push_back(0x03);
+      Compact(out, static_cast<uint32_t>(lr->size()));
+      for (const Record& item : *lr) item.Section(out);
     }
   }
 
