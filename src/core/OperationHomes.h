@@ -6,6 +6,7 @@
 // editor header is included here, so that the generated forwarding of
 // TInfoStorage sees them all.
 #include "core/TStorageHub.h"
+#include "core/TTemplateEditor.h"
 
 namespace DL {
 

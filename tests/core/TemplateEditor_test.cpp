@@ -1,0 +1,121 @@
+// Reads of template client lists and of the whole library text, on settings
+// texts loaded into a storage.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/ResultCodes.h"
+#include "core/TInfoStorage.h"
+#include "core/TTemplateEditor.h"
+
+namespace {
+
+using DL::TInfoStorage;
+using DL::TTemplateEditor;
+
+const char* const kTemplates =
+    "[General]\n"
+    "UsePGO=1\n"
+    "[clRETAIL_Client_Template]\n"
+    "Clients=C01, C02 ,C03\n"
+    "[clEMPTY_Client_Template]\n"
+    "Clients=\n"
+    "[clQUAL_Margin_Template]\n"
+    "Clients=M01\n"
+    "[clQUAL_Margin_Template_LimitKind_2]\n"
+    "Clients=M01\n"
+    "[BaseAssets_Template_BA1]\n"
+    "Clients=B01,B02\n"
+    "SI=SiZ6:1\n";
+
+std::vector<std::string> Items(const ZDL_ArrayStrings* a) {
+  std::vector<std::string> out;
+  for (uint64_t i = 0; i < a->count; ++i) out.emplace_back(a->items[i]);
+  return out;
+}
+
+TEST(TemplateEditor, ClientsOfAClientTemplateComeInListOrderTrimmed) {
+  TInfoStorage storage(kTemplates, 2, false);
+  ZDL_ArrayStrings* clients = nullptr;
+  ASSERT_EQ(storage.GetClientsListOfClientTemplate("RETAIL", &clients), ZDL_OK);
+  ASSERT_NE(clients, nullptr);
+  EXPECT_EQ(Items(clients), (std::vector<std::string>{"C01", "C02", "C03"}));
+  // The array belongs to the firm's memory until given back.
+  size_t before = storage.Hub().GetMemory().Outstanding();
+  EXPECT_EQ(storage.Hub().GetMemory().FreeMemory(clients), 0);
+  EXPECT_EQ(storage.Hub().GetMemory().Outstanding(), before - 1);
+}
+
+TEST(TemplateEditor, AnEmptyListGivesAnArrayOfNoItems) {
+  TInfoStorage storage(kTemplates, 2, false);
+  ZDL_ArrayStrings* clients = nullptr;
+  ASSERT_EQ(storage.GetClientsListOfClientTemplate("EMPTY", &clients), ZDL_OK);
+  ASSERT_NE(clients, nullptr);
+  EXPECT_EQ(clients->count, 0u);
+}
+
+TEST(TemplateEditor, EachKindReadsItsOwnSection) {
+  TInfoStorage storage(kTemplates, 2, false);
+  ZDL_ArrayStrings* clients = nullptr;
+  ASSERT_EQ(storage.GetClientsListOfMarginTemplate("QUAL", &clients), ZDL_OK);
+  EXPECT_EQ(Items(clients), (std::vector<std::string>{"M01"}));
+  ASSERT_EQ(storage.GetClientsListFromBaseAssetsTemplate("BA1", &clients), ZDL_OK);
+  EXPECT_EQ(Items(clients), (std::vector<std::string>{"B01", "B02"}));
+  // A client template of that code does not exist: the kinds do not mix.
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate("QUAL", &clients), ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(storage.GetClientsListOfMarginTemplate("RETAIL", &clients), ZDL_TEMPLATE_NOT_EXIST);
+}
+
+TEST(TemplateEditor, BadInputIsRefusedAndHandsOutNothing) {
+  TInfoStorage storage(kTemplates, 2, false);
+  size_t before = storage.Hub().GetMemory().Outstanding();
+  ZDL_ArrayStrings* clients = nullptr;
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate(nullptr, &clients), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate("", &clients), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate("RETAIL", nullptr), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate("NOSUCH", &clients), ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(storage.GetClientsListOfClientTemplate("ABCDEFGHIJKLMNOPQRSTUVWXYZ", &clients), ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(clients, nullptr);
+  EXPECT_EQ(storage.Hub().GetMemory().Outstanding(), before);
+}
+
+TEST(TemplateEditor, TheFullTextIsTheSavedTextAndSeesEdits) {
+  TInfoStorage storage(kTemplates, 2, false);
+  char* full = nullptr;
+  ASSERT_EQ(storage.GetFullDealerLibrarySettings(&full), ZDL_OK);
+  ASSERT_NE(full, nullptr);
+  char* saved = nullptr;
+  ASSERT_EQ(storage.Hub().SaveSettingsToMemory(&saved), ZDL_OK);
+  EXPECT_STREQ(full, saved);
+  std::string text = full;
+  EXPECT_NE(text.find("[clRETAIL_Client_Template]"), std::string::npos);
+  EXPECT_NE(text.find("UsePGO=1"), std::string::npos);
+  // An edit of the map is in the next full text.
+  ASSERT_EQ(storage.Hub().SetUsePGOToGlobal(0), ZDL_OK);
+  char* after = nullptr;
+  ASSERT_EQ(storage.GetFullDealerLibrarySettings(&after), ZDL_OK);
+  EXPECT_EQ(std::string(after).find("UsePGO"), std::string::npos);
+  EXPECT_EQ(storage.GetFullDealerLibrarySettings(nullptr), ZDL_BAD_ARGUMENT);
+}
+
+TEST(TemplateEditor, TheTextReloadsToTheSameText) {
+  TInfoStorage storage(kTemplates, 2, false);
+  char* full = nullptr;
+  ASSERT_EQ(storage.GetFullDealerLibrarySettings(&full), ZDL_OK);
+  TInfoStorage again(full, 2, false);
+  char* second = nullptr;
+  ASSERT_EQ(again.GetFullDealerLibrarySettings(&second), ZDL_OK);
+  EXPECT_STREQ(full, second);
+  ZDL_ArrayStrings* clients = nullptr;
+  ASSERT_EQ(again.GetClientsListOfClientTemplate("RETAIL", &clients), ZDL_OK);
+  EXPECT_EQ(Items(clients), (std::vector<std::string>{"C01", "C02", "C03"}));
+}
+
+TEST(TemplateEditor, SectionNamesOfTheKinds) {
+  EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
+  EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");
+  EXPECT_EQ(TTemplateEditor::BaseAssetsTemplateSection("A"), "BaseAssets_Template_A");
+}
+
+}  // namespace
