@@ -18,3 +18,4 @@
   namespace DL::Adapters::Own {             \
   struct name : __VA_ARGS__ {};             \
   }
+#include "api/OwnTemplateCommands.h"

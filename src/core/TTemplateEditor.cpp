@@ -1,5 +1,6 @@
 #include "core/TTemplateEditor.h"
 
+#include <cctype>
 #include <cstring>
 #include <vector>
 
@@ -9,16 +10,25 @@ namespace DL {
 
 namespace {
 constexpr const char* kClientsParam = "Clients";
+constexpr const char* kClientTemplateSuffix = "_Client_Template";
+constexpr const char* kMarginTemplateSuffix = "_Margin_Template";
+constexpr const char* kBaseAssetsTemplatePrefix = "BaseAssets_Template_";
+
+std::string Upper(const std::string& text) {
+  std::string out = text;
+  for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return out;
+}
 }  // namespace
 
 std::string TTemplateEditor::ClientTemplateSection(const std::string& code) {
-  return "cl" + code + "_Client_Template";
+  return "cl" + code + kClientTemplateSuffix;
 }
 std::string TTemplateEditor::MarginTemplateSection(const std::string& code) {
-  return "cl" + code + "_Margin_Template";
+  return "cl" + code + kMarginTemplateSuffix;
 }
 std::string TTemplateEditor::BaseAssetsTemplateSection(const std::string& code) {
-  return "BaseAssets_Template_" + code;
+  return kBaseAssetsTemplatePrefix + code;
 }
 
 int TTemplateEditor::GetFullDealerLibrarySettings(char** out) const {
@@ -36,13 +46,44 @@ int TTemplateEditor::ClientsOfSection(const char* templateCode, std::string (*se
   std::vector<std::string> items;
   for (auto& item : list)
     if (!item.empty()) items.push_back(std::move(item));
+  *clients = NewStrings(items);
+  return ZDL_OK;
+}
+
+ZDL_ArrayStrings* TTemplateEditor::NewStrings(const std::vector<std::string>& items) const {
   ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
   for (size_t i = 0; i < items.size(); ++i) {
     array->items[i] = new char[items[i].size() + 1];
     std::memcpy(array->items[i], items[i].c_str(), items[i].size() + 1);
   }
-  *clients = array;
+  return array;
+}
+
+int TTemplateEditor::CodesOfSections(const std::string& prefix, const std::string& suffix,
+                                     ZDL_ArrayStrings** codes) const {
+  if (codes == nullptr) return ZDL_BAD_ARGUMENT;
+  const std::string prefixUp = Upper(prefix);
+  const std::string suffixUp = Upper(suffix);
+  std::vector<std::string> items;
+  for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
+    if (name.size() <= prefix.size() + suffix.size()) continue;
+    const std::string up = Upper(name);
+    if (up.compare(0, prefixUp.size(), prefixUp) != 0) continue;
+    if (up.compare(up.size() - suffixUp.size(), suffixUp.size(), suffixUp) != 0) continue;
+    items.push_back(name.substr(prefix.size(), name.size() - prefix.size() - suffix.size()));
+  }
+  *codes = NewStrings(items);
   return ZDL_OK;
+}
+
+int TTemplateEditor::GetListOfClientTemplates(ZDL_ArrayStrings** codes) const {
+  return CodesOfSections("cl", kClientTemplateSuffix, codes);
+}
+int TTemplateEditor::GetListOfMarginTemplates(ZDL_ArrayStrings** codes) const {
+  return CodesOfSections("cl", kMarginTemplateSuffix, codes);
+}
+int TTemplateEditor::GetListOfBaseAssetsTemplates(ZDL_ArrayStrings** codes) const {
+  return CodesOfSections(kBaseAssetsTemplatePrefix, "", codes);
 }
 
 int TTemplateEditor::GetClientsListOfClientTemplate(const char* templateCode, ZDL_ArrayStrings** clients) const {

@@ -3,6 +3,7 @@
 // text, for remote commands. Built over the hub for one call; it keeps no
 // state of its own.
 #include <string>
+#include <vector>
 
 #include "base/ApiRecords.h"
 #include "core/TStorageHub.h"
@@ -25,6 +26,14 @@ class TTemplateEditor {
   [[nodiscard]] int GetClientsListFromBaseAssetsTemplate(const char* templateCode,
                                                          ZDL_ArrayStrings** clients) const;
 
+  // The codes of the templates of one kind, in the order of the section map
+  // (upper-case order); a margin template's limit-kind sections are not
+  // templates of their own. In an array of the firm's memory (*codes); 3 for
+  // a null out.
+  [[nodiscard]] int GetListOfClientTemplates(ZDL_ArrayStrings** codes) const;
+  [[nodiscard]] int GetListOfMarginTemplates(ZDL_ArrayStrings** codes) const;
+  [[nodiscard]] int GetListOfBaseAssetsTemplates(ZDL_ArrayStrings** codes) const;
+
   // The section names of the templates.
   static std::string ClientTemplateSection(const std::string& code);
   static std::string MarginTemplateSection(const std::string& code);
@@ -33,6 +42,10 @@ class TTemplateEditor {
  private:
   [[nodiscard]] int ClientsOfSection(const char* templateCode, std::string (*section)(const std::string&),
                                      ZDL_ArrayStrings** clients) const;
+
+  [[nodiscard]] int CodesOfSections(const std::string& prefix, const std::string& suffix,
+                                    ZDL_ArrayStrings** codes) const;
+  ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 
   TStorageHub& m_hub;
 };

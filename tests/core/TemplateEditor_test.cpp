@@ -112,6 +112,34 @@ TEST(TemplateEditor, TheTextReloadsToTheSameText) {
   EXPECT_EQ(Items(clients), (std::vector<std::string>{"C01", "C02", "C03"}));
 }
 
+TEST(TemplateEditor, TheTemplatesOfAKindAreListedByCode) {
+  const std::string text = std::string(kTemplates) +
+                           "[clALPHA_Client_Template]\n"
+                           "Clients=\n"
+                           "[clRETAIL_CommissionScale_Template]\n"
+                           "Clients=C01\n"
+                           "[clC01]\n"
+                           "[clC01_Margin]\n";
+  TInfoStorage storage(text.c_str(), 2, false);
+  ZDL_ArrayStrings* codes = nullptr;
+  ASSERT_EQ(storage.GetListOfClientTemplates(&codes), ZDL_OK);
+  EXPECT_EQ(Items(codes), (std::vector<std::string>{"ALPHA", "EMPTY", "RETAIL"}));
+  // The limit-kind section of QUAL is part of QUAL.
+  ASSERT_EQ(storage.GetListOfMarginTemplates(&codes), ZDL_OK);
+  EXPECT_EQ(Items(codes), (std::vector<std::string>{"QUAL"}));
+  ASSERT_EQ(storage.GetListOfBaseAssetsTemplates(&codes), ZDL_OK);
+  EXPECT_EQ(Items(codes), (std::vector<std::string>{"BA1"}));
+  EXPECT_EQ(storage.GetListOfClientTemplates(nullptr), ZDL_BAD_ARGUMENT);
+}
+
+TEST(TemplateEditor, NoTemplatesGiveAnEmptyList) {
+  TInfoStorage storage("[General]\nUsePGO=1\n", 2, false);
+  ZDL_ArrayStrings* codes = nullptr;
+  ASSERT_EQ(storage.GetListOfMarginTemplates(&codes), ZDL_OK);
+  ASSERT_NE(codes, nullptr);
+  EXPECT_EQ(codes->count, 0u);
+}
+
 TEST(TemplateEditor, SectionNamesOfTheKinds) {
   EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
   EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");

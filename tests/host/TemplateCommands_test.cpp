@@ -108,6 +108,20 @@ const std::vector<TReadRow>& ReadRows() {
   return rows;
 }
 
+// The lists of template codes, read with the firm code alone.
+struct TListRow {
+  const char* command;
+  std::vector<std::string> expected;
+};
+const std::vector<TListRow>& ListRows() {
+  static const std::vector<TListRow> rows = {
+      {"GetListOfClientTemplates", {"RETAIL"}},
+      {"GetListOfMarginTemplates", {"QUAL"}},
+      {"GetListOfBaseAssetsTemplates", {}},
+  };
+  return rows;
+}
+
 TEST_F(TemplateCommandsTest, ClientListsReadTheSameAfterSaveAndReload) {
   ASSERT_EQ(Open(2, 0), 0);
   for (int round = 0; round < 3; ++round) {
@@ -115,6 +129,13 @@ TEST_F(TemplateCommandsTest, ClientListsReadTheSameAfterSaveAndReload) {
       std::vector<std::string> clients;
       ASSERT_EQ(Clients(row.command, row.templateCode, 2, &clients), 0) << row.command << " round " << round;
       EXPECT_EQ(clients, row.expected) << row.command << " round " << round;
+    }
+    for (const TListRow& row : ListRows()) {
+      // The own records of these commands are the firm code and one list of
+      // strings; the block is built here field by field with that layout.
+      TDL_StringAndArray r{firm_, {"stale"}};
+      ASSERT_EQ(Api(row.command, r, 2), 0) << row.command << " round " << round;
+      EXPECT_EQ(r.lsStrings, row.expected) << row.command << " round " << round;
     }
     if (round == 0) {
       ASSERT_EQ(Update(2), 0);
@@ -147,6 +168,9 @@ TEST_F(TemplateCommandsTest, ABaseAssetsTemplateListsItsClients) {
   std::vector<std::string> clients;
   ASSERT_EQ(Clients("GetClientsListFromBaseAssetsTemplate", "BT", 2, &clients), 0);
   EXPECT_EQ(clients, (std::vector<std::string>{"C0005", "C0006"}));
+  TDL_StringAndArray list{firm_, {}};
+  ASSERT_EQ(Api("GetListOfBaseAssetsTemplates", list, 2), 0);
+  EXPECT_EQ(list.lsStrings, std::vector<std::string>{"BT"});
 }
 
 TEST_F(TemplateCommandsTest, TheFullTextIsWhatTheUpdateWritesAndAFixedPoint) {
@@ -238,6 +262,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
   EXPECT_EQ(family.size(), 67u);
   std::set<std::string> covered = LeftOut();
   for (const TReadRow& row : ReadRows()) covered.insert(row.command);
+  for (const TListRow& row : ListRows()) covered.insert(row.command);
   int live = 0;
   for (const DL::TCommandRow& row : DL::kCommandTable) {
     std::string name(row.name);
@@ -245,7 +270,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
     ++live;
     EXPECT_EQ(covered.count(name), 1u) << name << " has a handler but no round trip";
   }
-  EXPECT_EQ(live, 4);
+  EXPECT_EQ(live, 7);
   // Every name of the family stands in the table.
   for (const std::string& name : family) {
     bool found = std::any_of(DL::kCommandTable.begin(), DL::kCommandTable.end(),

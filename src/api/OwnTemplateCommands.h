@@ -1,0 +1,23 @@
+#pragma once
+// Records and recipes of the template commands with a record of their own.
+#include <string>
+#include <vector>
+
+#include "api/RecordFields.h"
+#include "api/ShapeAdapter.h"
+
+// The codes of the templates of one kind: "firmCode" in, "lsStrings" out.
+ZDL_DECLARE_RECORD(TDL_GetListOfClientTemplates, (std::string, firmCode), (std::vector<std::string>, lsStrings));
+ZDL_DECLARE_RECORD(TDL_GetListOfMarginTemplates, (std::string, firmCode), (std::vector<std::string>, lsStrings));
+ZDL_DECLARE_RECORD(TDL_GetListOfBaseAssetsTemplates, (std::string, firmCode), (std::vector<std::string>, lsStrings));
+
+ZDL_OWN_SHAPE(GetListOfClientTemplates,
+              Shape::TRead<TDL_GetListOfClientTemplates, Shape::OutStrings<&TDL_GetListOfClientTemplates::lsStrings>,
+                           Shape::Str<&TDL_GetListOfClientTemplates::firmCode>>)
+ZDL_OWN_SHAPE(GetListOfMarginTemplates,
+              Shape::TRead<TDL_GetListOfMarginTemplates, Shape::OutStrings<&TDL_GetListOfMarginTemplates::lsStrings>,
+                           Shape::Str<&TDL_GetListOfMarginTemplates::firmCode>>)
+ZDL_OWN_SHAPE(GetListOfBaseAssetsTemplates,
+              Shape::TRead<TDL_GetListOfBaseAssetsTemplates,
+                           Shape::OutStrings<&TDL_GetListOfBaseAssetsTemplates::lsStrings>,
+                           Shape::Str<&TDL_GetListOfBaseAssetsTemplates::firmCode>>)
