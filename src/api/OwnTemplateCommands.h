@@ -21,3 +21,19 @@ ZDL_OWN_SHAPE(GetListOfBaseAssetsTemplates,
               Shape::TRead<TDL_GetListOfBaseAssetsTemplates,
                            Shape::OutStrings<&TDL_GetListOfBaseAssetsTemplates::lsStrings>,
                            Shape::Str<&TDL_GetListOfBaseAssetsTemplates::firmCode>>)
+
+// A new template: "firmCode", "templateCode"; the change line names the code.
+ZDL_DECLARE_RECORD(TDL_AddClientTemplate, (std::string, firmCode), (std::string, templateCode));
+ZDL_DECLARE_RECORD(TDL_AddMarginTemplate, (std::string, firmCode), (std::string, templateCode));
+ZDL_DECLARE_RECORD(TDL_AddBaseAssetsTemplate, (std::string, firmCode), (std::string, templateCode));
+
+ZDL_OWN_SHAPE(AddClientTemplate,
+              Shape::TSend<TDL_AddClientTemplate, Shape::LineArguments, Shape::Str<&TDL_AddClientTemplate::firmCode>,
+                           Shape::Str<&TDL_AddClientTemplate::templateCode>>)
+ZDL_OWN_SHAPE(AddMarginTemplate,
+              Shape::TSend<TDL_AddMarginTemplate, Shape::LineArguments, Shape::Str<&TDL_AddMarginTemplate::firmCode>,
+                           Shape::Str<&TDL_AddMarginTemplate::templateCode>>)
+ZDL_OWN_SHAPE(AddBaseAssetsTemplate,
+              Shape::TSend<TDL_AddBaseAssetsTemplate, Shape::LineArguments,
+                           Shape::Str<&TDL_AddBaseAssetsTemplate::firmCode>,
+                           Shape::Str<&TDL_AddBaseAssetsTemplate::templateCode>>)

@@ -98,3 +98,29 @@ int TTemplateEditor::GetClientsListFromBaseAssetsTemplate(const char* templateCo
 }
 
 }  // namespace DL
+
+namespace DL {
+
+int TTemplateEditor::AddTemplate(const char* templateCode, std::string (*section)(const std::string&)) {
+  if (templateCode == nullptr || *templateCode == '\0') return ZDL_BAD_ARGUMENT;
+  if (std::strlen(templateCode) > kMaxTemplateCodeLength) return ZDL_TEMPLATE_CODE_TOO_LONG;
+  TIniParser* parser = m_hub.GetOldParserPointer();
+  const std::string name = section(templateCode);
+  if (parser->FindIniSectionRef(name) != nullptr) return ZDL_ALREADY_EXISTS;
+  TIniParser::TKeyMap keys;
+  keys.emplace(kClientsParam, "");
+  parser->AddIniSection(name, keys);
+  return ZDL_OK;
+}
+
+int TTemplateEditor::AddClientTemplate(const char* templateCode) {
+  return AddTemplate(templateCode, &ClientTemplateSection);
+}
+int TTemplateEditor::AddMarginTemplate(const char* templateCode) {
+  return AddTemplate(templateCode, &MarginTemplateSection);
+}
+int TTemplateEditor::AddBaseAssetsTemplate(const char* templateCode) {
+  return AddTemplate(templateCode, &BaseAssetsTemplateSection);
+}
+
+}  // namespace DL

@@ -34,6 +34,16 @@ class TTemplateEditor {
   [[nodiscard]] int GetListOfMarginTemplates(ZDL_ArrayStrings** codes) const;
   [[nodiscard]] int GetListOfBaseAssetsTemplates(ZDL_ArrayStrings** codes) const;
 
+  // A new template of that kind with an empty "Clients" list: 3 for a null
+  // or empty code, 21 for a code longer than 12 characters, 16 when the
+  // template exists.
+  [[nodiscard]] int AddClientTemplate(const char* templateCode);
+  [[nodiscard]] int AddMarginTemplate(const char* templateCode);
+  [[nodiscard]] int AddBaseAssetsTemplate(const char* templateCode);
+
+  // The longest template code.
+  static constexpr size_t kMaxTemplateCodeLength = 12;
+
   // The section names of the templates.
   static std::string ClientTemplateSection(const std::string& code);
   static std::string MarginTemplateSection(const std::string& code);
@@ -45,6 +55,7 @@ class TTemplateEditor {
 
   [[nodiscard]] int CodesOfSections(const std::string& prefix, const std::string& suffix,
                                     ZDL_ArrayStrings** codes) const;
+  [[nodiscard]] int AddTemplate(const char* templateCode, std::string (*section)(const std::string&));
   ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 
   TStorageHub& m_hub;

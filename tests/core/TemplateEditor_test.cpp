@@ -140,6 +140,54 @@ TEST(TemplateEditor, NoTemplatesGiveAnEmptyList) {
   EXPECT_EQ(codes->count, 0u);
 }
 
+std::string FullText(TInfoStorage& storage) {
+  char* text = nullptr;
+  EXPECT_EQ(storage.GetFullDealerLibrarySettings(&text), ZDL_OK);
+  return text != nullptr ? text : "";
+}
+
+TEST(TemplateEditor, ANewTemplateIsListedEmptyAndSavedWithAnEmptyClientsList) {
+  TInfoStorage storage(kTemplates, 2, false);
+  ASSERT_EQ(storage.AddClientTemplate("NEWC"), ZDL_OK);
+  ASSERT_EQ(storage.AddMarginTemplate("NEWM"), ZDL_OK);
+  ASSERT_EQ(storage.AddBaseAssetsTemplate("NEWB"), ZDL_OK);
+  ZDL_ArrayStrings* list = nullptr;
+  ASSERT_EQ(storage.GetListOfClientTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"EMPTY", "NEWC", "RETAIL"}));
+  ASSERT_EQ(storage.GetListOfMarginTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"NEWM", "QUAL"}));
+  ASSERT_EQ(storage.GetListOfBaseAssetsTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"BA1", "NEWB"}));
+  ASSERT_EQ(storage.GetClientsListOfMarginTemplate("NEWM", &list), ZDL_OK);
+  EXPECT_EQ(list->count, 0u);
+
+  const std::string text = FullText(storage);
+  EXPECT_NE(text.find("[clNEWC_Client_Template]\r\nClients=\r\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("[clNEWM_Margin_Template]\r\nClients=\r\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("[BaseAssets_Template_NEWB]\r\nClients=\r\n"), std::string::npos) << text;
+  TInfoStorage again(text.c_str(), 2, false);
+  EXPECT_EQ(FullText(again), text);
+  ASSERT_EQ(again.GetListOfMarginTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"NEWM", "QUAL"}));
+}
+
+TEST(TemplateEditor, AddingATemplateRefusesBadCodesAndChangesNothing) {
+  TInfoStorage storage(kTemplates, 2, false);
+  const std::string before = FullText(storage);
+  EXPECT_EQ(storage.AddClientTemplate(nullptr), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.AddClientTemplate(""), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.AddClientTemplate("ABCDEFGHIJKLM"), ZDL_TEMPLATE_CODE_TOO_LONG);  // 13 characters
+  EXPECT_EQ(storage.AddMarginTemplate("ABCDEFGHIJKLM"), ZDL_TEMPLATE_CODE_TOO_LONG);
+  EXPECT_EQ(storage.AddClientTemplate("RETAIL"), ZDL_ALREADY_EXISTS);
+  EXPECT_EQ(storage.AddClientTemplate("retail"), ZDL_ALREADY_EXISTS);  // names compare without case
+  EXPECT_EQ(storage.AddMarginTemplate("QUAL"), ZDL_ALREADY_EXISTS);
+  EXPECT_EQ(storage.AddBaseAssetsTemplate("BA1"), ZDL_ALREADY_EXISTS);
+  EXPECT_EQ(FullText(storage), before);
+  // Twelve characters are allowed; a margin code may equal a client template's.
+  EXPECT_EQ(storage.AddClientTemplate("ABCDEFGHIJKL"), ZDL_OK);
+  EXPECT_EQ(storage.AddMarginTemplate("RETAIL"), ZDL_OK);
+}
+
 TEST(TemplateEditor, SectionNamesOfTheKinds) {
   EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
   EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");

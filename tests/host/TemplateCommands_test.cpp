@@ -12,6 +12,7 @@
 #include "api/AdapterRecords.h"
 #include "api/CommandTable.h"
 #include "api/FileVerbRecords.h"
+#include "api/RecordFields.h"
 #include "common/EventLog.h"
 
 namespace {
@@ -213,6 +214,69 @@ TEST_F(TemplateCommandsTest, AReaderMayReadAndAFirmNotLoadedAnswers1002) {
   EXPECT_EQ(Api("GetFullDealerLibrarySettings", other, 3), 1002);
 }
 
+}  // namespace
+
+// The request of a template command, as a client writes it: the firm's code
+// and the template's code, by these names.
+ZDL_DECLARE_RECORD(TTestTemplateRequest, (std::string, firmCode), (std::string, templateCode));
+
+namespace {
+
+// The commands that add a template, and the list that shows it.
+struct TAddRow {
+  const char* add;
+  const char* list;
+  const char* code;
+  std::vector<std::string> listed;  // the list after the add
+};
+const std::vector<TAddRow>& AddRows() {
+  static const std::vector<TAddRow> rows = {
+      {"AddClientTemplate", "GetListOfClientTemplates", "NEWC", {"NEWC", "RETAIL"}},
+      {"AddMarginTemplate", "GetListOfMarginTemplates", "NEWM", {"NEWM", "QUAL"}},
+      {"AddBaseAssetsTemplate", "GetListOfBaseAssetsTemplates", "NEWB", {"NEWB"}},
+  };
+  return rows;
+}
+
+TEST_F(TemplateCommandsTest, NewTemplatesAreSavedReloadedAndAudited) {
+  ASSERT_EQ(Open(2, 0), 0);
+  for (const TAddRow& row : AddRows()) {
+    TTestTemplateRequest add{firm_, row.code};
+    ASSERT_EQ(Api(row.add, add, 2), 0) << row.add;
+    EXPECT_EQ(Api(row.add, add, 2), 1016) << row.add;  // a duplicate
+    TTestTemplateRequest longCode{firm_, "ABCDEFGHIJKLM"};
+    EXPECT_EQ(Api(row.add, longCode, 2), 1021) << row.add;
+    TTestTemplateRequest otherFirm{"NOT" + firm_, "OTHER"};
+    EXPECT_EQ(Api(row.add, otherFirm, 2), 11) << row.add;  // not the firm the caller holds
+    TTestTemplateRequest reader{firm_, "BYREADER"};
+    EXPECT_EQ(Api(row.add, reader, 3), 12) << row.add;  // user 3 holds nothing
+  }
+  ASSERT_EQ(Update(2), 0);
+  const TestDbAudit* packet = LastPacket();
+  ASSERT_NE(packet, nullptr);
+  EXPECT_EQ(packet->fields[4], "3");
+  EXPECT_EQ(packet->fields[20],
+            "AddClientTemplate,main,\"NEWC\"\r\n"
+            "AddMarginTemplate,main,\"NEWM\"\r\n"
+            "AddBaseAssetsTemplate,main,\"NEWB\"\r\n");
+  const std::string saved = ztest::ReadServerFile(dir_ + "broker.ini");
+  EXPECT_NE(saved.find("[clNEWC_Client_Template]\r\nClients=\r\n"), std::string::npos);
+  EXPECT_EQ(saved.find("BYREADER"), std::string::npos);
+  ASSERT_EQ(Close(2), 0);
+  ASSERT_EQ(Open(2, 0), 0);
+  for (const TAddRow& row : AddRows()) {
+    TDL_StringAndArray list{firm_, {}};
+    ASSERT_EQ(Api(row.list, list, 2), 0) << row.list;
+    EXPECT_EQ(list.lsStrings, row.listed) << row.list;
+  }
+  std::vector<std::string> clients{"stale"};
+  ASSERT_EQ(Clients("GetClientsListOfMarginTemplate", "NEWM", 2, &clients), 0);
+  EXPECT_TRUE(clients.empty());
+  // Saving again gives the same bytes.
+  ASSERT_EQ(Update(2), 0);
+  EXPECT_EQ(ztest::ReadServerFile(dir_ + "broker.ini"), saved);
+}
+
 // The commands of this family. A command with a handler must stand in the
 // round trip above, or below with the reason it is left out.
 const char* const kFamily[] = {
@@ -263,6 +327,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
   std::set<std::string> covered = LeftOut();
   for (const TReadRow& row : ReadRows()) covered.insert(row.command);
   for (const TListRow& row : ListRows()) covered.insert(row.command);
+  for (const TAddRow& row : AddRows()) covered.insert(row.add);
   int live = 0;
   for (const DL::TCommandRow& row : DL::kCommandTable) {
     std::string name(row.name);
@@ -270,7 +335,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
     ++live;
     EXPECT_EQ(covered.count(name), 1u) << name << " has a handler but no round trip";
   }
-  EXPECT_EQ(live, 7);
+  EXPECT_EQ(live, 10);
   // Every name of the family stands in the table.
   for (const std::string& name : family) {
     bool found = std::any_of(DL::kCommandTable.begin(), DL::kCommandTable.end(),
