@@ -7,6 +7,7 @@
 // TInfoStorage sees them all.
 #include "core/TStorageHub.h"
 #include "core/TTemplateEditor.h"
+#include "core/TUserSettingsEditor.h"
 
 namespace DL {
 

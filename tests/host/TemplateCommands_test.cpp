@@ -277,6 +277,30 @@ TEST_F(TemplateCommandsTest, NewTemplatesAreSavedReloadedAndAudited) {
   EXPECT_EQ(ztest::ReadServerFile(dir_ + "broker.ini"), saved);
 }
 
+TEST_F(TemplateCommandsTest, AUsersSectionIsRemovedSavedAndReadBack) {
+  std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+  ztest::WriteServerFile(dir_ + "broker.ini", library + "\n[u5]\nCOMMISSION=1\n[u9]\nCOMMISSION=2\n");
+  ASSERT_EQ(Open(2, 0), 0);
+  TDL_StringAndArrayInt list{firm_, {}};
+  ASSERT_EQ(Api("GetListOfUserSettings", list, 2), 0);
+  EXPECT_EQ(list.lsInts, (std::vector<int>{5, 9}));
+  TDL_StringAndInt remove{firm_, 5};
+  EXPECT_EQ(Api("RemoveUserSettings", remove, 3), 12);  // a reader may not
+  ASSERT_EQ(Api("RemoveUserSettings", remove, 2), 0);
+  EXPECT_EQ(Api("RemoveUserSettings", remove, 2), 1026);  // gone already
+  TDL_StringAndInt bad{firm_, -2};
+  EXPECT_EQ(Api("RemoveUserSettings", bad, 2), 1003);
+  ASSERT_EQ(Update(2), 0);
+  EXPECT_EQ(LastPacket()->fields[4], "1");
+  EXPECT_EQ(LastPacket()->fields[20], "RemoveUserSettings,main,\"5\"\r\n");
+  const std::string saved = ztest::ReadServerFile(dir_ + "broker.ini");
+  EXPECT_EQ(saved.find("[u5]"), std::string::npos);
+  ASSERT_EQ(Close(2), 0);
+  ASSERT_EQ(Open(3, 1), 0);
+  ASSERT_EQ(Api("GetListOfUserSettings", list, 3), 0);
+  EXPECT_EQ(list.lsInts, (std::vector<int>{9}));
+}
+
 // The commands of this family. A command with a handler must stand in the
 // round trip above, or below with the reason it is left out.
 const char* const kFamily[] = {
@@ -317,6 +341,9 @@ const std::set<std::string>& LeftOut() {
       // The whole text has no value of its own to set: its round trip is the
       // fixed-point test above.
       "GetFullDealerLibrarySettings",
+      // Round trip of their own: the user-sections test.
+      "GetListOfUserSettings",
+      "RemoveUserSettings",
   };
   return names;
 }
@@ -335,7 +362,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
     ++live;
     EXPECT_EQ(covered.count(name), 1u) << name << " has a handler but no round trip";
   }
-  EXPECT_EQ(live, 10);
+  EXPECT_EQ(live, 12);
   // Every name of the family stands in the table.
   for (const std::string& name : family) {
     bool found = std::any_of(DL::kCommandTable.begin(), DL::kCommandTable.end(),
