@@ -1,15 +1,18 @@
 #include "core/TTemplateEditor.h"
 
 #include <cctype>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
+#include "base/Numbers.h"
 #include "base/ResultCodes.h"
 
 namespace DL {
 
 namespace {
 constexpr const char* kClientsParam = "Clients";
+constexpr const char* kLeverageParam = "IncludeClientsWithLeverage";
 constexpr const char* kClientTemplateSuffix = "_Client_Template";
 constexpr const char* kMarginTemplateSuffix = "_Margin_Template";
 constexpr const char* kBaseAssetsTemplatePrefix = "BaseAssets_Template_";
@@ -121,6 +124,35 @@ int TTemplateEditor::AddMarginTemplate(const char* templateCode) {
 }
 int TTemplateEditor::AddBaseAssetsTemplate(const char* templateCode) {
   return AddTemplate(templateCode, &BaseAssetsTemplateSection);
+}
+
+}  // namespace DL
+
+namespace DL {
+
+int TTemplateEditor::LeveragesOfSection(const char* templateCode, std::string (*section)(const std::string&),
+                                        ZDL_ArrayDoubleNumbers** leverages) const {
+  if (templateCode == nullptr || *templateCode == '\0' || leverages == nullptr) return ZDL_BAD_ARGUMENT;
+  const TIniParser::TKeyMap* keys = m_hub.GetOldParserPointer()->FindIniSectionRef(section(templateCode));
+  if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  std::vector<double> values;
+  for (const std::string& item : TIniParser::GetIniSettingByKey(*keys, kLeverageParam)) {
+    if (GetLeverageFromString(item.c_str()) < 0) continue;
+    values.push_back(std::strtod(item.c_str(), nullptr));
+  }
+  ZDL_ArrayDoubleNumbers* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayDoubleNumbers>(values.size());
+  for (size_t i = 0; i < values.size(); ++i) array->items[i] = values[i];
+  *leverages = array;
+  return ZDL_OK;
+}
+
+int TTemplateEditor::GetIncludeClientsWithLeverageFromClientTemplate(const char* templateCode,
+                                                                     ZDL_ArrayDoubleNumbers** leverages) const {
+  return LeveragesOfSection(templateCode, &ClientTemplateSection, leverages);
+}
+int TTemplateEditor::GetIncludeClientsWithLeverageFromMarginTemplate(const char* templateCode,
+                                                                     ZDL_ArrayDoubleNumbers** leverages) const {
+  return LeveragesOfSection(templateCode, &MarginTemplateSection, leverages);
 }
 
 }  // namespace DL

@@ -26,6 +26,16 @@ class TTemplateEditor {
   [[nodiscard]] int GetClientsListFromBaseAssetsTemplate(const char* templateCode,
                                                          ZDL_ArrayStrings** clients) const;
 
+  // The leverages a template claims ("IncludeClientsWithLeverage", a comma
+  // list), in list order, as the load reads them: an item that is not a
+  // number at or above zero is left out. An array of the firm's memory
+  // (*leverages), empty when the template has no such list; 3 for a null or
+  // empty code or a null out, 15 when the template does not exist.
+  [[nodiscard]] int GetIncludeClientsWithLeverageFromClientTemplate(const char* templateCode,
+                                                                    ZDL_ArrayDoubleNumbers** leverages) const;
+  [[nodiscard]] int GetIncludeClientsWithLeverageFromMarginTemplate(const char* templateCode,
+                                                                    ZDL_ArrayDoubleNumbers** leverages) const;
+
   // The codes of the templates of one kind, in the order of the section map
   // (upper-case order); a margin template's limit-kind sections are not
   // templates of their own. In an array of the firm's memory (*codes); 3 for
@@ -55,6 +65,8 @@ class TTemplateEditor {
 
   [[nodiscard]] int CodesOfSections(const std::string& prefix, const std::string& suffix,
                                     ZDL_ArrayStrings** codes) const;
+  [[nodiscard]] int LeveragesOfSection(const char* templateCode, std::string (*section)(const std::string&),
+                                       ZDL_ArrayDoubleNumbers** leverages) const;
   [[nodiscard]] int AddTemplate(const char* templateCode, std::string (*section)(const std::string&));
   ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 

@@ -188,6 +188,32 @@ TEST(TemplateEditor, AddingATemplateRefusesBadCodesAndChangesNothing) {
   EXPECT_EQ(storage.AddMarginTemplate("RETAIL"), ZDL_OK);
 }
 
+std::vector<double> Doubles(const ZDL_ArrayDoubleNumbers* a) {
+  return std::vector<double>(a->items, a->items + a->count);
+}
+
+TEST(TemplateEditor, TheLeveragesOfATemplateAreThoseTheLoadAccepts) {
+  TInfoStorage storage(
+      "[clLEV_Client_Template]\n"
+      "Clients=\n"
+      "IncludeClientsWithLeverage=2, 2.5,abc,-1,0\n"
+      "[clLEV_Margin_Template]\n"
+      "IncludeClientsWithLeverage=3\n"
+      "[clNONE_Margin_Template]\n"
+      "Clients=X1\n",
+      2, false);
+  ZDL_ArrayDoubleNumbers* leverages = nullptr;
+  ASSERT_EQ(storage.GetIncludeClientsWithLeverageFromClientTemplate("LEV", &leverages), ZDL_OK);
+  EXPECT_EQ(Doubles(leverages), (std::vector<double>{2.0, 2.5, 0.0}));
+  ASSERT_EQ(storage.GetIncludeClientsWithLeverageFromMarginTemplate("LEV", &leverages), ZDL_OK);
+  EXPECT_EQ(Doubles(leverages), (std::vector<double>{3.0}));
+  ASSERT_EQ(storage.GetIncludeClientsWithLeverageFromMarginTemplate("NONE", &leverages), ZDL_OK);
+  EXPECT_EQ(leverages->count, 0u);
+  EXPECT_EQ(storage.GetIncludeClientsWithLeverageFromClientTemplate("NONE", &leverages), ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(storage.GetIncludeClientsWithLeverageFromClientTemplate("", &leverages), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.GetIncludeClientsWithLeverageFromClientTemplate("LEV", nullptr), ZDL_BAD_ARGUMENT);
+}
+
 TEST(TemplateEditor, SectionNamesOfTheKinds) {
   EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
   EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");

@@ -301,6 +301,35 @@ TEST_F(TemplateCommandsTest, AUsersSectionIsRemovedSavedAndReadBack) {
   EXPECT_EQ(list.lsInts, (std::vector<int>{9}));
 }
 
+TEST_F(TemplateCommandsTest, TheLeveragesOfTemplatesReadTheSameAfterSaveAndReload) {
+  std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+  ztest::WriteServerFile(dir_ + "broker.ini", library +
+                                                  "\n[clLEV_Client_Template]\nClients=C0009\n"
+                                                  "IncludeClientsWithLeverage=1.5,4\n"
+                                                  "[clLEV_Margin_Template]\nClients=C0009\n"
+                                                  "IncludeClientsWithLeverage=2\n");
+  const struct {
+    const char* command;
+    std::vector<double> expected;
+  } rows[] = {
+      {"GetIncludeClientsWithLeverageFromClientTemplate", {1.5, 4.0}},
+      {"GetIncludeClientsWithLeverageFromMarginTemplate", {2.0}},
+  };
+  ASSERT_EQ(Open(2, 0), 0);
+  for (int round = 0; round < 2; ++round) {
+    for (const auto& row : rows) {
+      TDL_TwoStringsAndArrayDouble r{firm_, "LEV", {}};
+      ASSERT_EQ(Api(row.command, r, 2), 0) << row.command;
+      EXPECT_EQ(r.lsDoubles, row.expected) << row.command << " round " << round;
+      TDL_TwoStringsAndArrayDouble missing{firm_, "NOSUCH", {}};
+      EXPECT_EQ(Api(row.command, missing, 2), 1015) << row.command;
+    }
+    ASSERT_EQ(Update(2), 0);
+    ASSERT_EQ(Close(2), 0);
+    ASSERT_EQ(Open(2, 0), 0);
+  }
+}
+
 // The commands of this family. A command with a handler must stand in the
 // round trip above, or below with the reason it is left out.
 const char* const kFamily[] = {
@@ -344,6 +373,9 @@ const std::set<std::string>& LeftOut() {
       // Round trip of their own: the user-sections test.
       "GetListOfUserSettings",
       "RemoveUserSettings",
+      // Round trip of their own: the leverages test, on a library that has them.
+      "GetIncludeClientsWithLeverageFromClientTemplate",
+      "GetIncludeClientsWithLeverageFromMarginTemplate",
   };
   return names;
 }
@@ -362,7 +394,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
     ++live;
     EXPECT_EQ(covered.count(name), 1u) << name << " has a handler but no round trip";
   }
-  EXPECT_EQ(live, 12);
+  EXPECT_EQ(live, 14);
   // Every name of the family stands in the table.
   for (const std::string& name : family) {
     bool found = std::any_of(DL::kCommandTable.begin(), DL::kCommandTable.end(),
