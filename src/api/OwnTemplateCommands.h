@@ -37,3 +37,10 @@ ZDL_OWN_SHAPE(AddBaseAssetsTemplate,
               Shape::TSend<TDL_AddBaseAssetsTemplate, Shape::LineArguments,
                            Shape::Str<&TDL_AddBaseAssetsTemplate::firmCode>,
                            Shape::Str<&TDL_AddBaseAssetsTemplate::templateCode>>)
+
+// The clients with a section of their own: "firmCode" in, "lsStrings" out.
+ZDL_DECLARE_RECORD(TDL_GetListOfClientSettings, (std::string, firmCode), (std::vector<std::string>, lsStrings));
+
+ZDL_OWN_SHAPE(GetListOfClientSettings,
+              Shape::TRead<TDL_GetListOfClientSettings, Shape::OutStrings<&TDL_GetListOfClientSettings::lsStrings>,
+                           Shape::Str<&TDL_GetListOfClientSettings::firmCode>>)

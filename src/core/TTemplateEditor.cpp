@@ -156,3 +156,15 @@ int TTemplateEditor::GetIncludeClientsWithLeverageFromMarginTemplate(const char*
 }
 
 }  // namespace DL
+
+namespace DL {
+
+int TTemplateEditor::GetListOfClientSettings(ZDL_ArrayStrings** clients) const {
+  if (clients == nullptr) return ZDL_BAD_ARGUMENT;
+  std::vector<std::string> codes;
+  for (const auto& [code, section] : m_hub.GetOldParserPointer()->GetClientSettings()) codes.push_back(code);
+  *clients = NewStrings(codes);
+  return ZDL_OK;
+}
+
+}  // namespace DL

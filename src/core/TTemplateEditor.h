@@ -44,6 +44,10 @@ class TTemplateEditor {
   [[nodiscard]] int GetListOfMarginTemplates(ZDL_ArrayStrings** codes) const;
   [[nodiscard]] int GetListOfBaseAssetsTemplates(ZDL_ArrayStrings** codes) const;
 
+  // The codes of the clients that have a settings section of their own
+  // ("cl" and the code), in the order of the section map; 3 for a null out.
+  [[nodiscard]] int GetListOfClientSettings(ZDL_ArrayStrings** clients) const;
+
   // A new template of that kind with an empty "Clients" list: 3 for a null
   // or empty code, 21 for a code longer than 12 characters, 16 when the
   // template exists.

@@ -214,6 +214,26 @@ TEST(TemplateEditor, TheLeveragesOfATemplateAreThoseTheLoadAccepts) {
   EXPECT_EQ(storage.GetIncludeClientsWithLeverageFromClientTemplate("LEV", nullptr), ZDL_BAD_ARGUMENT);
 }
 
+TEST(TemplateEditor, ClientsWithASectionOfTheirOwnAreListed) {
+  TInfoStorage storage(
+      "[clC02]\n"
+      "MaxOrderQuantity_TQBR=10\n"
+      "[clC01]\n"
+      "MaxOrderQuantity_TQBR=20\n"
+      "[clC03_Margin]\n"
+      "UseDiscountsType=1\n"
+      "[clRETAIL_Client_Template]\n"
+      "Clients=C09\n"
+      "[General]\n"
+      "UsePGO=1\n",
+      2, false);
+  ZDL_ArrayStrings* clients = nullptr;
+  ASSERT_EQ(storage.GetListOfClientSettings(&clients), ZDL_OK);
+  // Margin sections and templates are not client settings sections.
+  EXPECT_EQ(Items(clients), (std::vector<std::string>{"C01", "C02"}));
+  EXPECT_EQ(storage.GetListOfClientSettings(nullptr), ZDL_BAD_ARGUMENT);
+}
+
 TEST(TemplateEditor, SectionNamesOfTheKinds) {
   EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
   EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");
