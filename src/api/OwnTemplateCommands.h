@@ -44,3 +44,17 @@ ZDL_DECLARE_RECORD(TDL_GetListOfClientSettings, (std::string, firmCode), (std::v
 ZDL_OWN_SHAPE(GetListOfClientSettings,
               Shape::TRead<TDL_GetListOfClientSettings, Shape::OutStrings<&TDL_GetListOfClientSettings::lsStrings>,
                            Shape::Str<&TDL_GetListOfClientSettings::firmCode>>)
+
+// Restriction templates: the list of codes and a new one, with the records of
+// the other kinds.
+ZDL_DECLARE_RECORD(TDL_GetListOfRestrictionTemplates, (std::string, firmCode), (std::vector<std::string>, lsStrings));
+ZDL_DECLARE_RECORD(TDL_AddRestrictionTemplate, (std::string, firmCode), (std::string, templateCode));
+
+ZDL_OWN_SHAPE(GetListOfRestrictionTemplates,
+              Shape::TRead<TDL_GetListOfRestrictionTemplates,
+                           Shape::OutStrings<&TDL_GetListOfRestrictionTemplates::lsStrings>,
+                           Shape::Str<&TDL_GetListOfRestrictionTemplates::firmCode>>)
+ZDL_OWN_SHAPE(AddRestrictionTemplate,
+              Shape::TSend<TDL_AddRestrictionTemplate, Shape::LineArguments,
+                           Shape::Str<&TDL_AddRestrictionTemplate::firmCode>,
+                           Shape::Str<&TDL_AddRestrictionTemplate::templateCode>>)

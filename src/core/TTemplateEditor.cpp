@@ -45,7 +45,11 @@ int TTemplateEditor::ClientsOfSection(const char* templateCode, std::string (*se
   const TIniParser* parser = m_hub.GetOldParserPointer();
   const TIniParser::TKeyMap* keys = parser->FindIniSectionRef(section(templateCode));
   if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
-  std::vector<std::string> list = TIniParser::GetIniSettingByKey(*keys, kClientsParam);
+  return ClientsOfKeys(*keys, clients);
+}
+
+int TTemplateEditor::ClientsOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayStrings** clients) const {
+  std::vector<std::string> list = TIniParser::GetIniSettingByKey(keys, kClientsParam);
   std::vector<std::string> items;
   for (auto& item : list)
     if (!item.empty()) items.push_back(std::move(item));
@@ -135,8 +139,12 @@ int TTemplateEditor::LeveragesOfSection(const char* templateCode, std::string (*
   if (templateCode == nullptr || *templateCode == '\0' || leverages == nullptr) return ZDL_BAD_ARGUMENT;
   const TIniParser::TKeyMap* keys = m_hub.GetOldParserPointer()->FindIniSectionRef(section(templateCode));
   if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  return LeveragesOfKeys(*keys, leverages);
+}
+
+int TTemplateEditor::LeveragesOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayDoubleNumbers** leverages) const {
   std::vector<double> values;
-  for (const std::string& item : TIniParser::GetIniSettingByKey(*keys, kLeverageParam)) {
+  for (const std::string& item : TIniParser::GetIniSettingByKey(keys, kLeverageParam)) {
     if (GetLeverageFromString(item.c_str()) < 0) continue;
     values.push_back(std::strtod(item.c_str(), nullptr));
   }
@@ -164,6 +172,55 @@ int TTemplateEditor::GetListOfClientSettings(ZDL_ArrayStrings** clients) const {
   std::vector<std::string> codes;
   for (const auto& [code, section] : m_hub.GetOldParserPointer()->GetClientSettings()) codes.push_back(code);
   *clients = NewStrings(codes);
+  return ZDL_OK;
+}
+
+}  // namespace DL
+
+namespace DL {
+
+const TIniParser::TKeyMap* TTemplateEditor::RestrictionTemplateKeys(const std::string& code) const {
+  const TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache();
+  if (cache == nullptr) return nullptr;
+  const auto it = cache->GetTemplates().find(code);
+  if (it == cache->GetTemplates().end()) return nullptr;
+  return &it->second.first->second;
+}
+
+int TTemplateEditor::GetClientsListOfRestrictionTemplate(const char* templateCode, ZDL_ArrayStrings** clients) const {
+  if (templateCode == nullptr || *templateCode == '\0' || clients == nullptr) return ZDL_BAD_ARGUMENT;
+  const TIniParser::TKeyMap* keys = RestrictionTemplateKeys(templateCode);
+  if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  return ClientsOfKeys(*keys, clients);
+}
+
+int TTemplateEditor::GetIncludeClientsWithLeverageFromRestrictionTemplate(const char* templateCode,
+                                                                          ZDL_ArrayDoubleNumbers** leverages) const {
+  if (templateCode == nullptr || *templateCode == '\0' || leverages == nullptr) return ZDL_BAD_ARGUMENT;
+  const TIniParser::TKeyMap* keys = RestrictionTemplateKeys(templateCode);
+  if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  return LeveragesOfKeys(*keys, leverages);
+}
+
+int TTemplateEditor::GetListOfRestrictionTemplates(ZDL_ArrayStrings** codes) const {
+  if (codes == nullptr) return ZDL_BAD_ARGUMENT;
+  std::vector<std::string> names;
+  if (const TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache(); cache != nullptr)
+    for (const auto& [name, entry] : cache->GetTemplates()) names.push_back(name);
+  *codes = NewStrings(names);
+  return ZDL_OK;
+}
+
+int TTemplateEditor::AddRestrictionTemplate(const char* templateCode) {
+  if (templateCode == nullptr || *templateCode == '\0') return ZDL_BAD_ARGUMENT;
+  if (std::strlen(templateCode) > kMaxTemplateCodeLength) return ZDL_TEMPLATE_CODE_TOO_LONG;
+  TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache();
+  if (cache == nullptr) return ZDL_NOT_FOUND;
+  const int result = cache->AddTemplate(templateCode);
+  if (result != ZDL_OK) return result;
+  // The empty "Clients" line keeps the new section in the saved text.
+  const auto it = cache->GetTemplateIterator(templateCode);
+  if (it != cache->TemplatesEnd()) it->second.first->second.try_emplace(kClientsParam, "");
   return ZDL_OK;
 }
 

@@ -44,6 +44,15 @@ class TTemplateEditor {
   [[nodiscard]] int GetListOfMarginTemplates(ZDL_ArrayStrings** codes) const;
   [[nodiscard]] int GetListOfBaseAssetsTemplates(ZDL_ArrayStrings** codes) const;
 
+  // Restriction templates, held by the restrictions cache with their
+  // sections: the client list and the leverages of one (as above), the codes
+  // of all, and a new one (3, 21, 16 as for the other kinds).
+  [[nodiscard]] int GetClientsListOfRestrictionTemplate(const char* templateCode, ZDL_ArrayStrings** clients) const;
+  [[nodiscard]] int GetIncludeClientsWithLeverageFromRestrictionTemplate(const char* templateCode,
+                                                                         ZDL_ArrayDoubleNumbers** leverages) const;
+  [[nodiscard]] int GetListOfRestrictionTemplates(ZDL_ArrayStrings** codes) const;
+  [[nodiscard]] int AddRestrictionTemplate(const char* templateCode);
+
   // The codes of the clients that have a settings section of their own
   // ("cl" and the code), in the order of the section map; 3 for a null out.
   [[nodiscard]] int GetListOfClientSettings(ZDL_ArrayStrings** clients) const;
@@ -69,6 +78,11 @@ class TTemplateEditor {
 
   [[nodiscard]] int CodesOfSections(const std::string& prefix, const std::string& suffix,
                                     ZDL_ArrayStrings** codes) const;
+  // The keys of a restriction template's section; null when the cache does
+  // not hold the template.
+  const TIniParser::TKeyMap* RestrictionTemplateKeys(const std::string& code) const;
+  [[nodiscard]] int LeveragesOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayDoubleNumbers** leverages) const;
+  [[nodiscard]] int ClientsOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayStrings** clients) const;
   [[nodiscard]] int LeveragesOfSection(const char* templateCode, std::string (*section)(const std::string&),
                                        ZDL_ArrayDoubleNumbers** leverages) const;
   [[nodiscard]] int AddTemplate(const char* templateCode, std::string (*section)(const std::string&));

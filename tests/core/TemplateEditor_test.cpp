@@ -234,6 +234,55 @@ TEST(TemplateEditor, ClientsWithASectionOfTheirOwnAreListed) {
   EXPECT_EQ(storage.GetListOfClientSettings(nullptr), ZDL_BAD_ARGUMENT);
 }
 
+const char* const kRestrictions =
+    "[clSTRICT_Restriction_Template]\n"
+    "Clients=R01,R02\n"
+    "IncludeClientsWithLeverage=5\n"
+    "[clLOOSE_Restriction_Template]\n"
+    "Clients=R03\n"
+    "[clSTRICT_Client_Template]\n"
+    "Clients=C01\n";
+
+TEST(TemplateEditor, RestrictionTemplatesAreReadFromTheRestrictionsCache) {
+  TInfoStorage storage(kRestrictions, 2, false);
+  ZDL_ArrayStrings* list = nullptr;
+  ASSERT_EQ(storage.GetListOfRestrictionTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"LOOSE", "STRICT"}));
+  ASSERT_EQ(storage.GetClientsListOfRestrictionTemplate("STRICT", &list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"R01", "R02"}));
+  ZDL_ArrayDoubleNumbers* leverages = nullptr;
+  ASSERT_EQ(storage.GetIncludeClientsWithLeverageFromRestrictionTemplate("STRICT", &leverages), ZDL_OK);
+  EXPECT_EQ(Doubles(leverages), (std::vector<double>{5.0}));
+  ASSERT_EQ(storage.GetIncludeClientsWithLeverageFromRestrictionTemplate("LOOSE", &leverages), ZDL_OK);
+  EXPECT_EQ(leverages->count, 0u);
+  EXPECT_EQ(storage.GetClientsListOfRestrictionTemplate("NOSUCH", &list), ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(storage.GetClientsListOfRestrictionTemplate("", &list), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.GetIncludeClientsWithLeverageFromRestrictionTemplate("NOSUCH", &leverages),
+            ZDL_TEMPLATE_NOT_EXIST);
+  EXPECT_EQ(storage.GetListOfRestrictionTemplates(nullptr), ZDL_BAD_ARGUMENT);
+}
+
+TEST(TemplateEditor, ANewRestrictionTemplateIsInTheCacheAndTheSave) {
+  TInfoStorage storage(kRestrictions, 2, false);
+  const std::string before = FullText(storage);
+  EXPECT_EQ(storage.AddRestrictionTemplate(""), ZDL_BAD_ARGUMENT);
+  EXPECT_EQ(storage.AddRestrictionTemplate("ABCDEFGHIJKLM"), ZDL_TEMPLATE_CODE_TOO_LONG);
+  EXPECT_EQ(storage.AddRestrictionTemplate("STRICT"), ZDL_ALREADY_EXISTS);
+  EXPECT_EQ(FullText(storage), before);
+  ASSERT_EQ(storage.AddRestrictionTemplate("NEWR"), ZDL_OK);
+  ZDL_ArrayStrings* list = nullptr;
+  ASSERT_EQ(storage.GetListOfRestrictionTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"LOOSE", "NEWR", "STRICT"}));
+  ASSERT_EQ(storage.GetClientsListOfRestrictionTemplate("NEWR", &list), ZDL_OK);
+  EXPECT_EQ(list->count, 0u);
+  const std::string text = FullText(storage);
+  EXPECT_NE(text.find("[clNEWR_Restriction_Template]\r\nClients=\r\n"), std::string::npos) << text;
+  TInfoStorage again(text.c_str(), 2, false);
+  ASSERT_EQ(again.GetListOfRestrictionTemplates(&list), ZDL_OK);
+  EXPECT_EQ(Items(list), (std::vector<std::string>{"LOOSE", "NEWR", "STRICT"}));
+  EXPECT_EQ(FullText(again), text);
+}
+
 TEST(TemplateEditor, SectionNamesOfTheKinds) {
   EXPECT_EQ(TTemplateEditor::ClientTemplateSection("A"), "clA_Client_Template");
   EXPECT_EQ(TTemplateEditor::MarginTemplateSection("A"), "clA_Margin_Template");

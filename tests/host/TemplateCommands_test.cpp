@@ -105,6 +105,7 @@ const std::vector<TReadRow>& ReadRows() {
   static const std::vector<TReadRow> rows = {
       {"GetClientsListOfClientTemplate", "RETAIL", {"C0001", "C0002", "C0004"}},
       {"GetClientsListOfMarginTemplate", "QUAL", {"C0003"}},
+      {"GetClientsListOfRestrictionTemplate", "STRICT", {"C0002"}},
   };
   return rows;
 }
@@ -120,6 +121,7 @@ const std::vector<TListRow>& ListRows() {
       {"GetListOfMarginTemplates", {"QUAL"}},
       {"GetListOfBaseAssetsTemplates", {}},
       {"GetListOfClientSettings", {"C0001", "C0003"}},
+      {"GetListOfRestrictionTemplates", {"STRICT"}},
   };
   return rows;
 }
@@ -235,6 +237,7 @@ const std::vector<TAddRow>& AddRows() {
       {"AddClientTemplate", "GetListOfClientTemplates", "NEWC", {"NEWC", "RETAIL"}},
       {"AddMarginTemplate", "GetListOfMarginTemplates", "NEWM", {"NEWM", "QUAL"}},
       {"AddBaseAssetsTemplate", "GetListOfBaseAssetsTemplates", "NEWB", {"NEWB"}},
+      {"AddRestrictionTemplate", "GetListOfRestrictionTemplates", "NEWR", {"NEWR", "STRICT"}},
   };
   return rows;
 }
@@ -255,11 +258,12 @@ TEST_F(TemplateCommandsTest, NewTemplatesAreSavedReloadedAndAudited) {
   ASSERT_EQ(Update(2), 0);
   const TestDbAudit* packet = LastPacket();
   ASSERT_NE(packet, nullptr);
-  EXPECT_EQ(packet->fields[4], "3");
+  EXPECT_EQ(packet->fields[4], "4");
   EXPECT_EQ(packet->fields[20],
             "AddClientTemplate,main,\"NEWC\"\r\n"
             "AddMarginTemplate,main,\"NEWM\"\r\n"
-            "AddBaseAssetsTemplate,main,\"NEWB\"\r\n");
+            "AddBaseAssetsTemplate,main,\"NEWB\"\r\n"
+            "AddRestrictionTemplate,main,\"NEWR\"\r\n");
   const std::string saved = ztest::ReadServerFile(dir_ + "broker.ini");
   EXPECT_NE(saved.find("[clNEWC_Client_Template]\r\nClients=\r\n"), std::string::npos);
   EXPECT_EQ(saved.find("BYREADER"), std::string::npos);
@@ -308,13 +312,16 @@ TEST_F(TemplateCommandsTest, TheLeveragesOfTemplatesReadTheSameAfterSaveAndReloa
                                                   "\n[clLEV_Client_Template]\nClients=C0009\n"
                                                   "IncludeClientsWithLeverage=1.5,4\n"
                                                   "[clLEV_Margin_Template]\nClients=C0009\n"
-                                                  "IncludeClientsWithLeverage=2\n");
+                                                  "IncludeClientsWithLeverage=2\n"
+                                                  "[clLEV_Restriction_Template]\nClients=C0009\n"
+                                                  "IncludeClientsWithLeverage=3,7\n");
   const struct {
     const char* command;
     std::vector<double> expected;
   } rows[] = {
       {"GetIncludeClientsWithLeverageFromClientTemplate", {1.5, 4.0}},
       {"GetIncludeClientsWithLeverageFromMarginTemplate", {2.0}},
+      {"GetIncludeClientsWithLeverageFromRestrictionTemplate", {3.0, 7.0}},
   };
   ASSERT_EQ(Open(2, 0), 0);
   for (int round = 0; round < 2; ++round) {
@@ -377,6 +384,7 @@ const std::set<std::string>& LeftOut() {
       // Round trip of their own: the leverages test, on a library that has them.
       "GetIncludeClientsWithLeverageFromClientTemplate",
       "GetIncludeClientsWithLeverageFromMarginTemplate",
+      "GetIncludeClientsWithLeverageFromRestrictionTemplate",
   };
   return names;
 }
@@ -395,7 +403,7 @@ TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
     ++live;
     EXPECT_EQ(covered.count(name), 1u) << name << " has a handler but no round trip";
   }
-  EXPECT_EQ(live, 15);
+  EXPECT_EQ(live, 19);
   // Every name of the family stands in the table.
   for (const std::string& name : family) {
     bool found = std::any_of(DL::kCommandTable.begin(), DL::kCommandTable.end(),
