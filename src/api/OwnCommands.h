@@ -15,3 +15,4 @@
 
 #include "api/OwnClientListsCommands.h"
 #include "api/OwnChangeFutClientCodesCommands.h"
+#include "api/OwnTemplateCommands.h"

@@ -8,6 +8,8 @@
 #include "core/TChangeFutClientCodesEditor.h"
 #include "core/TClientListsEditor.h"
 #include "core/TStorageHub.h"
+#include "core/TTemplateEditor.h"
+#include "core/TUserSettingsEditor.h"
 
 namespace DL {
 

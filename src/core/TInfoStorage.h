@@ -14,6 +14,7 @@
 #include "commission/TypeAndRate.h"
 #include "base/ApiRecords.h"
 #include "base/TradingTypes.h"
+#include "base/ApiRecords.h"
 #include "core/TGeneralSettings.h"
 // The typed store takes floating-point template arguments, which the clang of
 // the fuzz build cannot compile yet; that build alone defines

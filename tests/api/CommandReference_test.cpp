@@ -54,8 +54,11 @@ TEST(CommandReferenceTest, CountsRegisteredAndUnregisteredCommands) {
   std::string text = DL::CommandReferenceMarkdown();
   std::size_t registered = 0;
   for (const DL::TCommandRow& row : DL::kCommandTable) registered += row.handler != nullptr ? 1 : 0;
-  EXPECT_EQ(registered, 2u);
-  EXPECT_NE(text.find("\n2 commands are registered (they answer through `Execute`); 992 are not registered yet"),
+  // At least the two flags of "General" are live; the text counts what the
+  // table holds.
+  EXPECT_GE(registered, 2u);
+  EXPECT_NE(text.find("\n" + std::to_string(registered) + " commands are registered (they answer through `Execute`); " +
+                      std::to_string(DL::kCommandTable.size() - registered) + " are not registered yet"),
             std::string::npos);
 }
 
