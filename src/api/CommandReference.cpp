@@ -30,7 +30,10 @@ std::string FieldsText(const std::vector<TRecordField>& fields) {
 // The request and reply record of a command with its fields, or a note when
 // the record is not declared in this build.
 std::string RecordCell(const TCommandRow& row) {
-  if (row.shape == EAdapterShape::OwnRecord) return "not declared yet";
+  if (row.shape == EAdapterShape::OwnRecord) {
+    if (!OwnRecordIsDeclared(row.function)) return "not declared yet";
+    return "`" + std::string(row.record) + "`: " + FieldsText(OwnRecordFields(row.function));
+  }
   if (!ShapeIsBuilt(row.shape)) return "not declared yet";
   std::string out = "`";
   out += ShapeRecordName(row.shape);

@@ -2,6 +2,7 @@
 
 #include <type_traits>
 
+#include "api/OwnCommands.h"
 #include "api/ShapeTable.h"
 
 namespace DL {
@@ -43,19 +44,34 @@ struct TShapeInfo {
   std::vector<TRecordField> fields;
 };
 
+template <class Record>
+TShapeInfo InfoOfRecord() {
+  TShapeInfo info;
+  info.built = true;
+  info.record = Record::kRecordName;
+  Record record;
+  Record::VisitFields(record, [&](const char* name, const auto& field) {
+    info.fields.push_back({name, WireType<std::remove_cvref_t<decltype(field)>>()});
+  });
+  return info;
+}
+
 template <EAdapterShape S>
 TShapeInfo InfoOf() {
-  TShapeInfo info;
-  if constexpr (Adapters::TShape<S>::kBuilt) {
-    using Record = typename Adapters::TShape<S>::RecordType;
-    info.built = true;
-    info.record = Record::kRecordName;
-    Record record;
-    Record::VisitFields(record, [&](const char* name, const auto& field) {
-      info.fields.push_back({name, WireType<std::remove_cvref_t<decltype(field)>>()});
-    });
-  }
-  return info;
+  if constexpr (Adapters::TShape<S>::kBuilt) return InfoOfRecord<typename Adapters::TShape<S>::RecordType>();
+  return {};
+}
+
+// The record of a command with a record of its own, found by its settings
+// function among the operations that have a recipe.
+TShapeInfo OwnInfo(std::string_view function) {
+#define ZDL_OPERATION(home, op, qualifier, params, args)
+#define ZDL_OWN_OPERATION(home, op, qualifier, params, args) \
+  if (function == "ZDL_" #op) return InfoOfRecord<typename Adapters::Own::op::RecordType>();
+#include "core/SettingsOperations.def"
+#undef ZDL_OPERATION
+#undef ZDL_OWN_OPERATION
+  return {};
 }
 
 TShapeInfo Info(EAdapterShape shape) {
@@ -75,5 +91,7 @@ TShapeInfo Info(EAdapterShape shape) {
 bool ShapeIsBuilt(EAdapterShape shape) { return Info(shape).built; }
 std::string ShapeRecordName(EAdapterShape shape) { return Info(shape).record; }
 std::vector<TRecordField> ShapeRecordFields(EAdapterShape shape) { return Info(shape).fields; }
+bool OwnRecordIsDeclared(std::string_view function) { return OwnInfo(function).built; }
+std::vector<TRecordField> OwnRecordFields(std::string_view function) { return OwnInfo(function).fields; }
 
 }  // namespace DL

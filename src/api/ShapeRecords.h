@@ -2,6 +2,7 @@
 // The record of each generic adapter shape as a client sees it: its name and
 // its fields with their wire types, read from the shape table.
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "api/CommandTable.h"
@@ -19,5 +20,11 @@ bool ShapeIsBuilt(EAdapterShape shape);
 std::string ShapeRecordName(EAdapterShape shape);
 // The record's fields in wire order; empty for a shape not built.
 std::vector<TRecordField> ShapeRecordFields(EAdapterShape shape);
+
+// Whether the command with a record of its own whose settings function is
+// `function` (e.g. "ZDL_GetListOfClientTemplates") has its record declared.
+bool OwnRecordIsDeclared(std::string_view function);
+// That record's fields in wire order; empty when it is not declared.
+std::vector<TRecordField> OwnRecordFields(std::string_view function);
 
 }  // namespace DL

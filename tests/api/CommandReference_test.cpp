@@ -44,6 +44,15 @@ TEST(CommandReferenceTest, OneLinePerCommand) {
   EXPECT_NE(text.find("| `MoveClientBetweenClientTemplates` | Move | own record `TDL_MoveClientBetweenClientTemplates` "
                       "| not declared yet | `ZDL_MoveClientBetweenClientTemplates` | yes | no |\n"),
             std::string::npos);
+  // A command with a record of its own shows the record its recipe declares.
+  EXPECT_NE(text.find("| `GetListOfClientTemplates` | Get | own record `TDL_GetListOfClientTemplates` "
+                      "| `TDL_GetListOfClientTemplates`: `firmCode` string; `lsStrings` list of strings "
+                      "| `ZDL_GetListOfClientTemplates` | no | yes |\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("| `GetClientCvalListFromGlobal` | Get | own record `TDL_GetClientCvalListFromGlobal` "
+                      "| `TDL_GetClientCvalListFromGlobal`: `firmCode` string; `lsClientCvals` list of TDL_StringsPair "
+                      "(`str1` string; `str2` string) | `ZDL_GetClientCvalListFromGlobal` |"),
+            std::string::npos);
   EXPECT_NE(text.find("| `GetQualifiedInvestorsFromRestrictionTemplate` | Get | adapter `SendTwoStrings_GetInt` "
                       "| `TDL_TwoStringsAndInt`: `firmCode` string; `strParam` string; `intParam1` int (4 bytes) "
                       "| `ZDL_GetQualifiedInvestorsSignFromRestrictionTemplate` | no | no |\n"),
