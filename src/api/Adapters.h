@@ -47,20 +47,6 @@ std::string ChangeLineSendStringAndArrayStrings(std::string_view command, const 
 
 namespace Detail {
 
-// Copies count strings of a result array; a null array or item gives nothing or
-// an empty string.
-template <class Array>
-std::vector<std::string> CopyStrings(const Array* array) {
-  std::vector<std::string> out;
-  if (array == nullptr) return out;
-  out.reserve(static_cast<std::size_t>(array->count));
-  for (decltype(array->count) i = 0; i < array->count; ++i) {
-    const char* item = array->items[i];
-    out.emplace_back(item != nullptr ? item : "");
-  }
-  return out;
-}
-
 template <class T>
 void Release(const TAdapterEnv& env, const std::string& firmCode, T*& block) {
   if (block == nullptr) return;
