@@ -16,3 +16,4 @@
 #include "api/OwnClientListsCommands.h"
 #include "api/OwnChangeFutClientCodesCommands.h"
 #include "api/OwnTemplateCommands.h"
+#include "api/OwnTemplateClientsCommands.h"

@@ -290,6 +290,22 @@ int TCacheOfRestrictions::AddTemplate(const std::string& name) {
   return ZDL_OK;
 }
 
+int TCacheOfRestrictions::RemoveTemplate(const std::string& name) {
+  auto it = m_templates.find(name);
+  if (it == m_templates.end()) return ZDL_NOT_FOUND;
+  auto& [section, object] = it->second;
+  const TRestrictions* gone = object.get();
+  std::erase_if(m_byClient, [gone](const auto& entry) { return entry.second == gone; });
+  std::erase_if(m_byLeverage, [gone](const auto& entry) { return entry.second == gone; });
+  object.reset();
+  if (section != m_parser->GetSections().end()) {
+    section->second.erase(TIniParser::GetIniParamCode(TIniParser::ipcClients));
+    m_parser->RemoveIniSection(section);
+  }
+  m_templates.erase(it);
+  return ZDL_OK;
+}
+
 // ---- Parsing ----
 
 bool TCacheOfRestrictions::ReadsGlobalLine(const std::string& section, const std::string& key,

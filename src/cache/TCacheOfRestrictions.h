@@ -71,6 +71,11 @@ class TCacheOfRestrictions {
   // A new template with an empty object and its section "cl<name>_Restriction_Template"
   // in the parser: 0, or 16 when the name is already there.
   [[nodiscard]] int AddTemplate(const std::string& name);
+  // Removes a template: its client list emptied, its object destroyed with
+  // all its stores, its entry and its section erased, and the lookups by
+  // client and leverage that led to it forgotten. 0, or 4 when the name is
+  // not there.
+  [[nodiscard]] int RemoveTemplate(const std::string& name);
 
   // Empties the object and fills it from the keys of a template section:
   // each key goes to the first parameter of the table that it begins with;

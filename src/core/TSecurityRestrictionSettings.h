@@ -24,6 +24,7 @@ class TSecurityRestrictionSettings {
   }
   // Null only before Build.
   const TCacheOfSecurityRestrictions* Cache() const { return m_cache.get(); }
+  TCacheOfSecurityRestrictions* Cache() { return m_cache.get(); }
   // The parsed security restrictions of a client or client template
   // section, null when the section has not been parsed.
   const TClientSecurityRestrictions* ParsedSection(const std::string& section) const {

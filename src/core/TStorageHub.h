@@ -95,6 +95,8 @@ class TStorageHub : public IFirmSettings {
   friend class TClientListsEditor;
   // Edits the parsed "ChangeFutClientCodes" sections.
   friend class TChangeFutClientCodesEditor;
+  // Edits template client lists and removes templates with their parsed parts.
+  friend class TTemplateClientsEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A

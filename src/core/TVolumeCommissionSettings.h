@@ -38,6 +38,8 @@ class TVolumeCommissionSettings {
   const TSections& Global() const { return m_global; }
   // By template name.
   const TByOwner& Templates() const { return m_templates; }
+  // Forgets a removed client template's tables.
+  void EraseTemplate(const std::string& templ) { m_templates.erase(templ); }
   // By client code.
   const TByOwner& Clients() const { return m_clients; }
 

@@ -41,8 +41,13 @@ TEST(CommandReferenceTest, OneLinePerCommand) {
   EXPECT_NE(text.find("| `GetUsePGOFromGlobal` | Get | adapter `SendOneString_GetBool` | `TDL_StringAndBool`: "
                       "`firmCode` string; `boolParam1` bool (1 byte) | `ZDL_GetUsePGOFromGlobal` | no | yes |\n"),
             std::string::npos);
+  EXPECT_NE(text.find("| `MoveClientBetweenPortfolioRiskConfigTemplates` | Move | own record "
+                      "`TDL_MoveClientBetweenPortfolioRiskConfigTemplates` | not declared yet "
+                      "| `ZDL_MoveClientBetweenPortfolioRiskConfigTemplates` | yes | no |\n"),
+            std::string::npos);
   EXPECT_NE(text.find("| `MoveClientBetweenClientTemplates` | Move | own record `TDL_MoveClientBetweenClientTemplates` "
-                      "| not declared yet | `ZDL_MoveClientBetweenClientTemplates` | yes | no |\n"),
+                      "| `TDL_MoveClientBetweenClientTemplates`: `firmCode` string; `fromTemplateCode` string; "
+                      "`toTemplateCode` string; `clientCode` string | `ZDL_MoveClientBetweenClientTemplates` | yes | yes |\n"),
             std::string::npos);
   // A command with a record of its own shows the record its recipe declares.
   EXPECT_NE(text.find("| `GetListOfClientTemplates` | Get | own record `TDL_GetListOfClientTemplates` "

@@ -1,0 +1,270 @@
+#include "core/TTemplateClientsEditor.h"
+
+#include <cstring>
+#include <vector>
+
+#include "base/ResultCodes.h"
+#include "base/TextHelpers.h"
+#include "core/TTemplateEditor.h"
+
+namespace DL {
+
+namespace {
+constexpr size_t kMaxClientCodeLength = 12;
+constexpr const char* kClientsParam = "Clients";
+constexpr const char* kLimitKindPart = "_LimitKind_";
+constexpr const char* kBaseAssetsPrefix = "BaseAssets_Template_";
+
+const char* SuffixOf(int kind) {
+  switch (kind) {
+    case TIniParser::TemplateClient:
+      return "_Client_Template";
+    case TIniParser::TemplateCommissionScale:
+      return "_CommissionScale_Template";
+    case TIniParser::TemplateMargin:
+      return "_Margin_Template";
+    case TIniParser::TemplateRestriction:
+      return "_Restriction_Template";
+    default:
+      return nullptr;
+  }
+}
+
+bool IsNullOrEmptyCode(const char* code) { return code == nullptr || *code == '\0'; }
+
+// 0, 3 for a null or empty client, 10 for one longer than 12 characters.
+int CheckClient(const char* client) {
+  if (IsNullOrEmptyCode(client)) return ZDL_BAD_ARGUMENT;
+  if (std::strlen(client) > kMaxClientCodeLength) return ZDL_CLIENT_CODE_TOO_LONG;
+  return ZDL_OK;
+}
+}  // namespace
+
+bool TTemplateClientsEditor::IsKnownKind(int kind) { return kind == kBaseAssets || SuffixOf(kind) != nullptr; }
+
+std::string TTemplateClientsEditor::TemplateSection(int kind, const std::string& code) {
+  if (kind == kBaseAssets) return kBaseAssetsPrefix + code;
+  const char* suffix = SuffixOf(kind);
+  return suffix == nullptr ? std::string() : "cl" + code + suffix;
+}
+
+std::set<std::string> TTemplateClientsEditor::ClientsOf(const std::string& section) const {
+  std::set<std::string> clients;
+  const TIniParser::TKeyMap* keys = m_hub.GetOldParserPointer()->FindIniSectionRef(section);
+  if (keys == nullptr) return clients;
+  const auto list = keys->find(kClientsParam);
+  if (list == keys->end()) return clients;
+  ParseRowWithDelimsToListRows(list->second, ',', clients);
+  std::erase_if(clients, [](const std::string& c) { return c.size() > kMaxClientCodeLength; });
+  return clients;
+}
+
+bool TTemplateClientsEditor::StandsInOtherTemplate(int kind, const std::string& own, const std::string& client) const {
+  const std::string ownUp = StrUpper(TemplateSection(kind, own));
+  const std::string mark = StrUpper(kind == kBaseAssets ? std::string(kBaseAssetsPrefix) : std::string(SuffixOf(kind)));
+  for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
+    const std::string up = StrUpper(name);
+    const bool ofKind = kind == kBaseAssets ? up.rfind(mark, 0) == 0 : up.find(mark) != std::string::npos;
+    if (!ofKind || up == ownUp) continue;
+    // The template's own limit kinds repeat its list: they are not another
+    // template.
+    if (up.rfind(ownUp + StrUpper(kLimitKindPart), 0) == 0) continue;
+    if (ClientsOf(name).count(client) != 0) return true;
+  }
+  return false;
+}
+
+int TTemplateClientsEditor::CreateTemplate(int kind, const std::string& code) {
+  TTemplateEditor templates(m_hub);
+  switch (kind) {
+    case TIniParser::TemplateClient:
+      return templates.AddClientTemplate(code.c_str());
+    case TIniParser::TemplateMargin:
+      return templates.AddMarginTemplate(code.c_str());
+    case TIniParser::TemplateRestriction:
+      return templates.AddRestrictionTemplate(code.c_str());
+    case kBaseAssets:
+      return templates.AddBaseAssetsTemplate(code.c_str());
+    default:
+      return ZDL_TEMPLATE_NOT_EXIST;
+  }
+}
+
+int TTemplateClientsEditor::WriteClients(int kind, const std::string& code, const std::set<std::string>& clients) {
+  const std::string list = GetRowWithDelimsFromListRows(clients, ',');
+  TIniParser* parser = m_hub.GetOldParserPointer();
+  if (kind == kBaseAssets) {
+    TIniParser::TKeyMap* keys = parser->FindIniSectionRef(TemplateSection(kind, code));
+    if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+    (*keys)[kClientsParam] = list;
+    return ZDL_OK;
+  }
+  const int result = parser->SetTemplateParamToAllLimitKinds(kind, code, TIniParser::ipcClients, list);
+  if (result != ZDL_OK || kind != TIniParser::TemplateClient) return result;
+  // The commission scale template of the same code follows the client
+  // template, so that the two stay in step.
+  return parser->SetTemplateParamToAllLimitKinds(TIniParser::TemplateCommissionScale, code, TIniParser::ipcClients, list);
+}
+
+int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templateCode, const char* clientCode) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
+  if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
+  const std::string section = TemplateSection(kind, templateCode);
+  if (m_hub.GetOldParserPointer()->FindIniSectionRef(section) == nullptr) {
+    if (const int created = CreateTemplate(kind, templateCode); created != ZDL_OK) return created;
+  }
+  if (StandsInOtherTemplate(kind, templateCode, clientCode)) return ZDL_ALREADY_EXISTS;
+  std::set<std::string> clients = ClientsOf(section);
+  if (!clients.insert(clientCode).second) return ZDL_ALREADY_EXISTS;
+  return WriteClients(kind, templateCode, clients);
+}
+
+int TTemplateClientsEditor::RemoveItemFromTemplateClients(int kind, const char* templateCode,
+                                                          const char* clientCode) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
+  if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
+  const std::string section = TemplateSection(kind, templateCode);
+  if (m_hub.GetOldParserPointer()->FindIniSectionRef(section) == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  std::set<std::string> clients = ClientsOf(section);
+  if (clients.erase(clientCode) == 0) return ZDL_NOT_FOUND;
+  return WriteClients(kind, templateCode, clients);
+}
+
+int TTemplateClientsEditor::SetItemsToTemplateClients(int kind, const char* templateCode,
+                                                      const ZDL_ArrayStrings* clients) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
+  std::set<std::string> list;
+  const uint64_t count = clients == nullptr ? 0 : clients->count;
+  // Every client is checked before anything is written.
+  for (uint64_t i = 0; i < count; ++i) {
+    const char* client = clients->items[i];
+    if (const int checked = CheckClient(client); checked != ZDL_OK) return checked;
+    if (StandsInOtherTemplate(kind, templateCode, client)) return ZDL_ALREADY_EXISTS;
+    list.insert(client);
+  }
+  const std::string section = TemplateSection(kind, templateCode);
+  if (m_hub.GetOldParserPointer()->FindIniSectionRef(section) == nullptr) {
+    if (const int created = CreateTemplate(kind, templateCode); created != ZDL_OK) return created;
+  }
+  return WriteClients(kind, templateCode, list);
+}
+
+int TTemplateClientsEditor::MoveItemBetweenTemplatesClients(int kind, const char* fromTemplate,
+                                                            const char* toTemplate, const char* clientCode) {
+  if (IsNullOrEmptyCode(fromTemplate) || IsNullOrEmptyCode(toTemplate)) return ZDL_BAD_ARGUMENT;
+  if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
+  if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
+  if (m_hub.GetOldParserPointer()->FindIniSectionRef(TemplateSection(kind, fromTemplate)) == nullptr)
+    return ZDL_TEMPLATE_NOT_EXIST;
+  if (const int removed = RemoveItemFromTemplateClients(kind, fromTemplate, clientCode); removed != ZDL_OK)
+    return removed;
+  // Not undone when the add fails: the client then stands in neither.
+  return AddItemToTemplateClients(kind, toTemplate, clientCode);
+}
+
+int TTemplateClientsEditor::RemoveTemplate(const char* templateCode, int kind) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (std::strlen(templateCode) > TTemplateEditor::kMaxTemplateCodeLength) return ZDL_TEMPLATE_CODE_TOO_LONG;
+  TIniParser* parser = m_hub.GetOldParserPointer();
+  const std::string section = TemplateSection(kind, templateCode);
+  if (parser->FindIniSectionRef(section) == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
+  parser->RemoveIniSection(section);
+  if (parser->FindIniSectionRef(section) != nullptr) return ZDL_FAILED;
+  const std::string twinsUp = StrUpper(section + kLimitKindPart);
+  std::vector<std::string> twins;
+  for (const auto& [name, keys] : parser->GetSections())
+    if (StrUpper(name).rfind(twinsUp, 0) == 0) twins.push_back(name);
+  for (const std::string& name : twins) parser->RemoveIniSection(name);
+  return ZDL_OK;
+}
+
+int TTemplateClientsEditor::RemoveClientTemplate(const char* templateCode) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache(); cache != nullptr)
+    (void)cache->RemoveParsedTemplateSettings(templateCode);
+  if (const int removed = RemoveTemplate(templateCode, TIniParser::TemplateClient); removed != ZDL_OK) return removed;
+  m_hub.m_volumeCommission.EraseTemplate(templateCode);
+  // The commission scale template of the code goes with it, if there is one.
+  (void)RemoveTemplate(templateCode, TIniParser::TemplateCommissionScale);
+  return ZDL_OK;
+}
+
+int TTemplateClientsEditor::RemoveMarginTemplate(const char* templateCode) {
+  return RemoveTemplate(templateCode, TIniParser::TemplateMargin);
+}
+
+int TTemplateClientsEditor::RemoveBaseAssetsTemplate(const char* templateCode) {
+  return RemoveTemplate(templateCode, kBaseAssets);
+}
+
+int TTemplateClientsEditor::RemoveRestrictionTemplate(const char* templateCode) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache();
+  if (cache == nullptr) return ZDL_NOT_FOUND;
+  return cache->RemoveTemplate(templateCode);
+}
+
+// ---- The commands, one kind each ----
+
+int TTemplateClientsEditor::AddClientToClientTemplate(const char* templateCode, const char* clientCode) {
+  return AddItemToTemplateClients(TIniParser::TemplateClient, templateCode, clientCode);
+}
+int TTemplateClientsEditor::RemoveClientFromClientTemplate(const char* templateCode, const char* clientCode) {
+  return RemoveItemFromTemplateClients(TIniParser::TemplateClient, templateCode, clientCode);
+}
+int TTemplateClientsEditor::SetClientsListOfClientTemplate(const char* templateCode, const ZDL_ArrayStrings* clients) {
+  return SetItemsToTemplateClients(TIniParser::TemplateClient, templateCode, clients);
+}
+int TTemplateClientsEditor::MoveClientBetweenClientTemplates(const char* fromTemplate, const char* toTemplate,
+                                                             const char* clientCode) {
+  return MoveItemBetweenTemplatesClients(TIniParser::TemplateClient, fromTemplate, toTemplate, clientCode);
+}
+
+int TTemplateClientsEditor::AddClientToMarginTemplate(const char* templateCode, const char* clientCode) {
+  return AddItemToTemplateClients(TIniParser::TemplateMargin, templateCode, clientCode);
+}
+int TTemplateClientsEditor::RemoveClientFromMarginTemplate(const char* templateCode, const char* clientCode) {
+  return RemoveItemFromTemplateClients(TIniParser::TemplateMargin, templateCode, clientCode);
+}
+int TTemplateClientsEditor::SetClientsListOfMarginTemplate(const char* templateCode, const ZDL_ArrayStrings* clients) {
+  return SetItemsToTemplateClients(TIniParser::TemplateMargin, templateCode, clients);
+}
+int TTemplateClientsEditor::MoveClientBetweenMarginTemplates(const char* fromTemplate, const char* toTemplate,
+                                                             const char* clientCode) {
+  return MoveItemBetweenTemplatesClients(TIniParser::TemplateMargin, fromTemplate, toTemplate, clientCode);
+}
+
+int TTemplateClientsEditor::AddClientToRestrictionTemplate(const char* templateCode, const char* clientCode) {
+  return AddItemToTemplateClients(TIniParser::TemplateRestriction, templateCode, clientCode);
+}
+int TTemplateClientsEditor::RemoveClientFromRestrictionTemplate(const char* templateCode, const char* clientCode) {
+  return RemoveItemFromTemplateClients(TIniParser::TemplateRestriction, templateCode, clientCode);
+}
+int TTemplateClientsEditor::SetClientsListOfRestrictionTemplate(const char* templateCode,
+                                                                const ZDL_ArrayStrings* clients) {
+  return SetItemsToTemplateClients(TIniParser::TemplateRestriction, templateCode, clients);
+}
+int TTemplateClientsEditor::MoveClientBetweenRestrictionTemplates(const char* fromTemplate, const char* toTemplate,
+                                                                  const char* clientCode) {
+  return MoveItemBetweenTemplatesClients(TIniParser::TemplateRestriction, fromTemplate, toTemplate, clientCode);
+}
+
+int TTemplateClientsEditor::AddClientToBaseAssetsTemplate(const char* templateCode, const char* clientCode) {
+  return AddItemToTemplateClients(kBaseAssets, templateCode, clientCode);
+}
+int TTemplateClientsEditor::RemoveClientFromBaseAssetsTemplate(const char* templateCode, const char* clientCode) {
+  return RemoveItemFromTemplateClients(kBaseAssets, templateCode, clientCode);
+}
+int TTemplateClientsEditor::SetClientsListOfBaseAssetsTemplate(const char* templateCode,
+                                                               const ZDL_ArrayStrings* clients) {
+  return SetItemsToTemplateClients(kBaseAssets, templateCode, clients);
+}
+int TTemplateClientsEditor::MoveClientBetweenBaseAssetsTemplates(const char* fromTemplate, const char* toTemplate,
+                                                                 const char* clientCode) {
+  return MoveItemBetweenTemplatesClients(kBaseAssets, fromTemplate, toTemplate, clientCode);
+}
+
+}  // namespace DL
