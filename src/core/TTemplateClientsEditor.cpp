@@ -3,6 +3,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/Numbers.h"
 #include "base/ResultCodes.h"
 #include "base/TextHelpers.h"
 #include "core/TTemplateEditor.h"
@@ -14,6 +15,9 @@ constexpr size_t kMaxClientCodeLength = 12;
 constexpr const char* kClientsParam = "Clients";
 constexpr const char* kLimitKindPart = "_LimitKind_";
 constexpr const char* kBaseAssetsPrefix = "BaseAssets_Template_";
+constexpr const char* kLeverageParam = "IncludeClientsWithLeverage";
+// The largest leverage a template may claim.
+constexpr double kMaxLeverage = 999999999.0;
 
 const char* SuffixOf(int kind) {
   switch (kind) {
@@ -205,6 +209,52 @@ int TTemplateClientsEditor::RemoveRestrictionTemplate(const char* templateCode) 
   TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache();
   if (cache == nullptr) return ZDL_NOT_FOUND;
   return cache->RemoveTemplate(templateCode);
+}
+
+bool TTemplateClientsEditor::LeverageOfOtherTemplate(int kind, const std::string& own, int64_t scaled) const {
+  const std::string ownUp = StrUpper(TemplateSection(kind, own));
+  const std::string mark = StrUpper(SuffixOf(kind));
+  for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
+    const std::string up = StrUpper(name);
+    if (up.size() < mark.size() || up.compare(up.size() - mark.size(), mark.size(), mark) != 0 || up == ownUp)
+      continue;
+    const auto list = keys.find(kLeverageParam);
+    if (list == keys.end()) continue;
+    for (const std::string& item : BoardListToVector(list->second, ','))
+      if (GetLeverageFromString(item.c_str()) == scaled) return true;
+  }
+  return false;
+}
+
+int TTemplateClientsEditor::SetLeverages(int kind, const char* templateCode, const ZDL_ArrayDoubleNumbers* leverages) {
+  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (m_hub.GetOldParserPointer()->FindIniSectionRef(TemplateSection(kind, templateCode)) == nullptr)
+    return ZDL_TEMPLATE_NOT_EXIST;
+  std::vector<std::string> items;
+  std::set<int64_t> seen;
+  const uint64_t count = leverages == nullptr ? 0 : leverages->count;
+  for (uint64_t i = 0; i < count; ++i) {
+    const double value = leverages->items[i];
+    if (!(value >= 0.0 && value <= kMaxLeverage)) return ZDL_BAD_ARGUMENT;
+    const int64_t scaled = GetScaledLeverage(value);
+    if (LeverageOfOtherTemplate(kind, templateCode, scaled)) return ZDL_ALREADY_EXISTS;
+    if (seen.insert(scaled).second) items.push_back(DoubleToString(value));
+  }
+  return m_hub.GetOldParserPointer()->SetTemplateParamToAllLimitKinds(
+      kind, templateCode, TIniParser::ipcIncludeClientsWithLeverage, ListToString(items));
+}
+
+int TTemplateClientsEditor::SetIncludeClientsWithLeverageToClientTemplate(const char* templateCode,
+                                                                         const ZDL_ArrayDoubleNumbers* leverages) {
+  return SetLeverages(TIniParser::TemplateClient, templateCode, leverages);
+}
+int TTemplateClientsEditor::SetIncludeClientsWithLeverageToMarginTemplate(const char* templateCode,
+                                                                         const ZDL_ArrayDoubleNumbers* leverages) {
+  return SetLeverages(TIniParser::TemplateMargin, templateCode, leverages);
+}
+int TTemplateClientsEditor::SetIncludeClientsWithLeverageToRestrictionTemplate(
+    const char* templateCode, const ZDL_ArrayDoubleNumbers* leverages) {
+  return SetLeverages(TIniParser::TemplateRestriction, templateCode, leverages);
 }
 
 // ---- The commands, one kind each ----

@@ -62,6 +62,19 @@ class TTemplateClientsEditor {
   [[nodiscard]] int MoveClientBetweenBaseAssetsTemplates(const char* fromTemplate, const char* toTemplate,
                                                          const char* clientCode);
 
+  // The leverages a template claims ("IncludeClientsWithLeverage"), replaced
+  // by the array's values in its order without repeats (a null array empties
+  // the list), in the template's section and its limit kinds: 3 for a null
+  // or empty code or a leverage below zero, above 999999999 or not a number,
+  // 15 for a missing template, 16 for a leverage another template of the
+  // kind claims. Nothing is written unless every value passes.
+  [[nodiscard]] int SetIncludeClientsWithLeverageToClientTemplate(const char* templateCode,
+                                                                  const ZDL_ArrayDoubleNumbers* leverages);
+  [[nodiscard]] int SetIncludeClientsWithLeverageToMarginTemplate(const char* templateCode,
+                                                                  const ZDL_ArrayDoubleNumbers* leverages);
+  [[nodiscard]] int SetIncludeClientsWithLeverageToRestrictionTemplate(const char* templateCode,
+                                                                       const ZDL_ArrayDoubleNumbers* leverages);
+
   // A template removed with its limit-kind sections: 3 for a null or empty
   // code, 21 for one longer than 12 characters, 15 when it does not exist.
   // A client template also loses its parsed security restrictions, its
@@ -92,6 +105,9 @@ class TTemplateClientsEditor {
   // template).
   [[nodiscard]] int WriteClients(int kind, const std::string& code, const std::set<std::string>& clients);
   [[nodiscard]] int RemoveTemplate(const char* templateCode, int kind);
+  [[nodiscard]] int SetLeverages(int kind, const char* templateCode, const ZDL_ArrayDoubleNumbers* leverages);
+  // A scaled leverage claimed by a template of the kind other than `own`.
+  bool LeverageOfOtherTemplate(int kind, const std::string& own, int64_t scaled) const;
 
   TStorageHub& m_hub;
 };

@@ -50,6 +50,22 @@ const std::vector<TKindRow>& Kinds() {
   return rows;
 }
 
+// The leverages a template claims: set, then read by the reading command.
+struct TLeverageRow {
+  const char* set;
+  const char* get;
+  const char* templateCode;
+};
+const std::vector<TLeverageRow>& LeverageRows() {
+  static const std::vector<TLeverageRow> rows = {
+      {"SetIncludeClientsWithLeverageToClientTemplate", "GetIncludeClientsWithLeverageFromClientTemplate", "RETAIL"},
+      {"SetIncludeClientsWithLeverageToMarginTemplate", "GetIncludeClientsWithLeverageFromMarginTemplate", "QUAL"},
+      {"SetIncludeClientsWithLeverageToRestrictionTemplate", "GetIncludeClientsWithLeverageFromRestrictionTemplate",
+       "STRICT"},
+  };
+  return rows;
+}
+
 class TemplateClientsCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -133,6 +149,16 @@ class TemplateClientsCommandsTest : public ::testing::Test {
     TDL_Template r{firm_, templ};
     return Api(k.removeTemplate, r);
   }
+  int SetLeverages(const TLeverageRow& l, const std::string& templ, const std::vector<double>& values) {
+    TDL_TwoStringsAndArrayDouble r{firm_, templ, values};
+    return Api(l.set, r);
+  }
+  std::vector<double> Leverages(const TLeverageRow& l, const std::string& templ) {
+    TDL_TwoStringsAndArrayDouble r{firm_, templ, {}};
+    const int result = Api(l.get, r);
+    if (result != 0) return {-static_cast<double>(result)};
+    return r.lsDoubles;
+  }
   const TestDbAudit* LastPacket() {
     for (auto it = Module().db->audits.rbegin(); it != Module().db->audits.rend(); ++it)
       if (it->event == "SRV_USER_BO_DEALLIB_PACKET_CHANGE") return &*it;
@@ -163,6 +189,7 @@ TEST_F(TemplateClientsCommandsTest, EveryCommandOfTheFamilyIsInTheRoundTrip) {
     visited.insert(std::string("MoveClientBetween") + k.kinds);
     visited.insert(k.removeTemplate);
   }
+  for (const TLeverageRow& l : LeverageRows()) visited.insert(l.set);
   for (const std::string& name : visited) {
     const DL::TCommandRow* row = DL::FindCommand(name);
     ASSERT_NE(row, nullptr) << name;
@@ -172,6 +199,7 @@ TEST_F(TemplateClientsCommandsTest, EveryCommandOfTheFamilyIsInTheRoundTrip) {
   for (const DL::TCommandRow& row : DL::kCommandTable) {
     const std::string name(row.name);
     const bool ofFamily = (name.rfind("AddClientTo", 0) == 0 || name.rfind("RemoveClientFrom", 0) == 0 ||
+                           name.rfind("SetIncludeClientsWithLeverage", 0) == 0 ||
                            name.rfind("SetClientsListOf", 0) == 0 || name.rfind("MoveClientBetween", 0) == 0) &&
                           name.find("PortfolioRiskConfig") == std::string::npos &&
                           name.find("Global") == std::string::npos;
@@ -314,6 +342,42 @@ TEST_F(TemplateClientsCommandsTest, ChangesAreNotedAsTheirChangeLines) {
             "SetClientsListOfClientTemplate,\"main\",\"OTHER\",2,\"B1\",\"A1\",\r\n"
             "MoveClientBetweenClientTemplates,\"main\",\"OTHER\",\"RETAIL\",1,\"A1\",\r\n"
             "RemoveRestrictionTemplate,\"main\",\"STRICT\",\r\n");
+}
+
+TEST_F(TemplateClientsCommandsTest, LeveragesRoundTripThroughSaveAndReload) {
+  ASSERT_EQ(Open(2, 0), 0);
+  for (const TLeverageRow& l : LeverageRows()) {
+    ASSERT_EQ(Leverages(l, l.templateCode), std::vector<double>{}) << l.set;
+  }
+  ASSERT_EQ(SetLeverages(LeverageRows()[0], "RETAIL", {2.5, 0, 2.5, 10}), 0);
+  ASSERT_EQ(SetLeverages(LeverageRows()[1], "QUAL", {3}), 0);
+  ASSERT_EQ(SetLeverages(LeverageRows()[2], "STRICT", {999999999}), 0);
+  for (int round = 0; round < 2; ++round) {
+    SCOPED_TRACE(round);
+    EXPECT_EQ(Leverages(LeverageRows()[0], "RETAIL"), (std::vector<double>{2.5, 0, 10}));
+    EXPECT_EQ(Leverages(LeverageRows()[1], "QUAL"), (std::vector<double>{3}));
+    EXPECT_EQ(Leverages(LeverageRows()[2], "STRICT"), (std::vector<double>{999999999}));
+    if (round == 0) SaveAndReload();
+  }
+  // An empty array empties the list.
+  ASSERT_EQ(SetLeverages(LeverageRows()[1], "QUAL", {}), 0);
+  EXPECT_EQ(Leverages(LeverageRows()[1], "QUAL"), std::vector<double>{});
+}
+
+TEST_F(TemplateClientsCommandsTest, BadLeveragesAreRefusedAndChangeNothing) {
+  ASSERT_EQ(Open(2, 0), 0);
+  const TLeverageRow& client = LeverageRows()[0];
+  ASSERT_EQ(SetLeverages(client, "RETAIL", {2}), 0);
+  ASSERT_EQ(SetLeverages(client, "OTHER", {1}), 1015);  // no such template
+  ASSERT_EQ(Set(Kinds()[0], "OTHER", {"X1"}), 0);
+  EXPECT_EQ(SetLeverages(client, "OTHER", {1, -1}), 1003);
+  EXPECT_EQ(SetLeverages(client, "OTHER", {1e9}), 1003);
+  EXPECT_EQ(SetLeverages(client, "OTHER", {1, 2}), 1016);  // RETAIL claims 2
+  EXPECT_EQ(SetLeverages(client, "", {1}), 1003);
+  EXPECT_EQ(Leverages(client, "OTHER"), std::vector<double>{});
+  EXPECT_EQ(Leverages(client, "RETAIL"), std::vector<double>{2});
+  // Another kind may claim the same leverage.
+  EXPECT_EQ(SetLeverages(LeverageRows()[1], "QUAL", {2}), 0);
 }
 
 TEST_F(TemplateClientsCommandsTest, AReaderMayNotChangeTemplates) {
