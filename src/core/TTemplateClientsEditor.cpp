@@ -12,26 +12,17 @@ namespace DL {
 
 namespace {
 constexpr size_t kMaxClientCodeLength = 12;
-constexpr const char* kClientsParam = "Clients";
-constexpr const char* kLimitKindPart = "_LimitKind_";
-constexpr const char* kBaseAssetsPrefix = "BaseAssets_Template_";
-constexpr const char* kLeverageParam = "IncludeClientsWithLeverage";
 // The largest leverage a template may claim.
 constexpr double kMaxLeverage = 999999999.0;
 
-const char* SuffixOf(int kind) {
-  switch (kind) {
-    case TIniParser::TemplateClient:
-      return "_Client_Template";
-    case TIniParser::TemplateCommissionScale:
-      return "_CommissionScale_Template";
-    case TIniParser::TemplateMargin:
-      return "_Margin_Template";
-    case TIniParser::TemplateRestriction:
-      return "_Restriction_Template";
-    default:
-      return nullptr;
-  }
+const std::string& Key(TIniParser::EIniParamCodeNum code) { return TIniParser::GetIniParamCode(code); }
+const std::string& Part(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCode(code); }
+
+// The ending of the sections of a template kind; null for an unknown kind.
+const std::string* SuffixOf(int kind) {
+  TIniParser::EPartIniSectCodeNum ending{};
+  if (kind < 0 || TIniParser::GetPartIniSectCodeNum__XXX_Template(ending, kind) != ZDL_OK) return nullptr;
+  return &Part(ending);
 }
 
 bool IsNullOrEmptyCode(const char* code) { return code == nullptr || *code == '\0'; }
@@ -47,16 +38,16 @@ int CheckClient(const char* client) {
 bool TTemplateClientsEditor::IsKnownKind(int kind) { return kind == kBaseAssets || SuffixOf(kind) != nullptr; }
 
 std::string TTemplateClientsEditor::TemplateSection(int kind, const std::string& code) {
-  if (kind == kBaseAssets) return kBaseAssetsPrefix + code;
-  const char* suffix = SuffixOf(kind);
-  return suffix == nullptr ? std::string() : "cl" + code + suffix;
+  if (kind == kBaseAssets) return Part(TIniParser::pscBaseAssets_Template_) + code;
+  const std::string* suffix = SuffixOf(kind);
+  return suffix == nullptr ? std::string() : Part(TIniParser::pscCl) + code + *suffix;
 }
 
 std::set<std::string> TTemplateClientsEditor::ClientsOf(const std::string& section) const {
   std::set<std::string> clients;
   const TIniParser::TKeyMap* keys = m_hub.GetOldParserPointer()->FindIniSectionRef(section);
   if (keys == nullptr) return clients;
-  const auto list = keys->find(kClientsParam);
+  const auto list = keys->find(Key(TIniParser::ipcClients));
   if (list == keys->end()) return clients;
   ParseRowWithDelimsToListRows(list->second, ',', clients);
   std::erase_if(clients, [](const std::string& c) { return c.size() > kMaxClientCodeLength; });
@@ -65,14 +56,14 @@ std::set<std::string> TTemplateClientsEditor::ClientsOf(const std::string& secti
 
 bool TTemplateClientsEditor::StandsInOtherTemplate(int kind, const std::string& own, const std::string& client) const {
   const std::string ownUp = StrUpper(TemplateSection(kind, own));
-  const std::string mark = StrUpper(kind == kBaseAssets ? std::string(kBaseAssetsPrefix) : std::string(SuffixOf(kind)));
+  const std::string mark = StrUpper(kind == kBaseAssets ? Part(TIniParser::pscBaseAssets_Template_) : *SuffixOf(kind));
   for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
     const std::string up = StrUpper(name);
     const bool ofKind = kind == kBaseAssets ? up.rfind(mark, 0) == 0 : up.find(mark) != std::string::npos;
     if (!ofKind || up == ownUp) continue;
     // The template's own limit kinds repeat its list: they are not another
     // template.
-    if (up.rfind(ownUp + StrUpper(kLimitKindPart), 0) == 0) continue;
+    if (up.rfind(ownUp + StrUpper(Part(TIniParser::psc_LimitKind_)), 0) == 0) continue;
     if (ClientsOf(name).count(client) != 0) return true;
   }
   return false;
@@ -100,7 +91,7 @@ int TTemplateClientsEditor::WriteClients(int kind, const std::string& code, cons
   if (kind == kBaseAssets) {
     TIniParser::TKeyMap* keys = parser->FindIniSectionRef(TemplateSection(kind, code));
     if (keys == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
-    (*keys)[kClientsParam] = list;
+    (*keys)[Key(TIniParser::ipcClients)] = list;
     return ZDL_OK;
   }
   const int result = parser->SetTemplateParamToAllLimitKinds(kind, code, TIniParser::ipcClients, list);
@@ -177,7 +168,7 @@ int TTemplateClientsEditor::RemoveTemplate(const char* templateCode, int kind) {
   if (parser->FindIniSectionRef(section) == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
   parser->RemoveIniSection(section);
   if (parser->FindIniSectionRef(section) != nullptr) return ZDL_FAILED;
-  const std::string twinsUp = StrUpper(section + kLimitKindPart);
+  const std::string twinsUp = StrUpper(section + Part(TIniParser::psc_LimitKind_));
   std::vector<std::string> twins;
   for (const auto& [name, keys] : parser->GetSections())
     if (StrUpper(name).rfind(twinsUp, 0) == 0) twins.push_back(name);
@@ -213,12 +204,12 @@ int TTemplateClientsEditor::RemoveRestrictionTemplate(const char* templateCode) 
 
 bool TTemplateClientsEditor::LeverageOfOtherTemplate(int kind, const std::string& own, int64_t scaled) const {
   const std::string ownUp = StrUpper(TemplateSection(kind, own));
-  const std::string mark = StrUpper(SuffixOf(kind));
+  const std::string mark = StrUpper(*SuffixOf(kind));
   for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
     const std::string up = StrUpper(name);
     if (up.size() < mark.size() || up.compare(up.size() - mark.size(), mark.size(), mark) != 0 || up == ownUp)
       continue;
-    const auto list = keys.find(kLeverageParam);
+    const auto list = keys.find(Key(TIniParser::ipcIncludeClientsWithLeverage));
     if (list == keys.end()) continue;
     for (const std::string& item : BoardListToVector(list->second, ','))
       if (GetLeverageFromString(item.c_str()) == scaled) return true;
