@@ -96,6 +96,16 @@ int Call(const std::string& command, CAlert& message, int user, int port, const 
   return result;
 }
 
+int Command(int port, const std::string& command, std::vector<unsigned char>& block, int user) {
+  CAlert m;
+  m << command << block;
+  Call("ZDealerAPI", m, user, port, "user" + std::to_string(user));
+  std::string name;
+  int result = -1;
+  m >> name >> result >> block;
+  return result;
+}
+
 std::vector<std::string> ReadStrings(CAlert& message) {
   std::vector<std::string> out;
   while (message.get_fields_count() != 0) {

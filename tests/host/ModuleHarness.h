@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "TestDbZent.h"
+#include "api/RecordFields.h"
 #include "support/Alert.h"
 
 namespace ztest {
@@ -47,6 +48,21 @@ CAlert Row(const std::string& key, const T& value) {
 // reading, then rewinds the reply for the test to read, as a client receiving
 // it from the wire would.
 int Call(const std::string& command, CAlert& message, int user, int port, const std::string& userName);
+
+// Sends one remote command ("ZDealerAPI") as user "user<n>" on the port:
+// the request block goes out, the reply block comes back in its place.
+// Returns the command's result.
+int Command(int port, const std::string& command, std::vector<unsigned char>& block, int user);
+
+// The same with a record: encoded into the request, decoded from the reply.
+template <class Record>
+int Command(int port, const std::string& command, Record& record, int user) {
+  std::vector<unsigned char> block;
+  StoreDataForZDealerAPI(record, block);
+  const int result = Command(port, command, block, user);
+  LoadDataForZDeallibAPI(record, block);
+  return result;
+}
 
 // Reads every string field left in the message.
 std::vector<std::string> ReadStrings(CAlert& message);

@@ -41,22 +41,9 @@ class TemplateCommandsTest : public ::testing::Test {
     ztest::ClearEvents();
   }
 
-  int Api(const std::string& command, std::vector<unsigned char>& block, int user) {
-    CAlert m;
-    m << command << block;
-    ztest::Call("ZDealerAPI", m, user, port_, "user" + std::to_string(user));
-    std::string name;
-    int result = -1;
-    m >> name >> result >> block;
-    return result;
-  }
   template <class Record>
   int Api(const std::string& command, Record& record, int user) {
-    std::vector<unsigned char> block;
-    StoreDataForZDealerAPI(record, block);
-    int result = Api(command, block, user);
-    LoadDataForZDeallibAPI(record, block);
-    return result;
+    return ztest::Command(port_, command, record, user);
   }
   int Open(int user, int mode) {
     TDL_DLOpenFile r{firm_, mode};
