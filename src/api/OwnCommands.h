@@ -17,3 +17,4 @@
 #include "api/OwnChangeFutClientCodesCommands.h"
 #include "api/OwnTemplateCommands.h"
 #include "api/OwnTemplateClientsCommands.h"
+#include "api/OwnMinOrderValueCommands.h"

@@ -17,6 +17,7 @@
 // is noted and data is left as it came.
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -63,11 +64,19 @@ class TBuiltArray {
   std::unique_ptr<Array> array_;
 };
 
-// A double as the change lines write it: the shortest form that reads back.
+// A double as the change lines write it: the shortest form that reads back,
+// in plain decimals unless the value is very large or very small (1000 is
+// "1000", not "1e+03").
 inline std::string NumberText(double value) {
-  char text[32];
+  char text[64];
   for (int digits = 1; digits <= 17; ++digits) {
     std::snprintf(text, sizeof text, "%.*g", digits, value);
+    if (std::strtod(text, nullptr) == value) break;
+  }
+  const double magnitude = value < 0 ? -value : value;
+  if (std::strchr(text, 'e') == nullptr || magnitude >= 1e15 || magnitude < 1e-6) return text;
+  for (int decimals = 0; decimals <= 17; ++decimals) {
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
     if (std::strtod(text, nullptr) == value) break;
   }
   return text;

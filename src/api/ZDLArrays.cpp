@@ -27,14 +27,17 @@ void Fill(ZDL_StringAndDouble& out, const TDL_StringAndDouble& in);
 void Fill(ZDL_StringToArrayStrings& out, const TDL_StringToArrayStrings& in);
 void Fill(ZDL_ClassToSettleCodeToSec& out, const TDL_ClassToSettleCodeToSec& in);
 void Fill(ZDL_TwoStringsAndArrayStrings& out, const TDL_TwoStringsAndArrayStrings& in);
+void Fill(ZDL_MinOrderValue& out, const TDL_MinOrderValue& in);
 
-// count and a block of that many zeroed items (also for 0), each filled in
-// turn; on a failure on the way everything made so far is released.
+// count and a block of that many zeroed items, each filled in turn; on a
+// failure on the way everything made so far is released. An empty list has
+// no block: a list of 0 items inside an element reaches the settings layer
+// as a null array, as an empty argument does.
 template <class Array, class Wire>
 void NewArray(Array& out, const std::vector<Wire>& in) {
   using Item = std::remove_pointer_t<decltype(out.items)>;
   out.count = in.size();
-  out.items = new Item[in.size()]();
+  out.items = in.empty() ? nullptr : new Item[in.size()]();
   try {
     for (std::size_t i = 0; i < in.size(); ++i) Fill(out.items[i], in[i]);
   } catch (...) {
@@ -84,6 +87,12 @@ void Fill(ZDL_TwoStringsAndArrayStrings& out, const TDL_TwoStringsAndArrayString
   Fill(out.str2, in.str2);
   Fill(out.lsStrings, in.lsStrings);
 }
+void Fill(ZDL_MinOrderValue& out, const TDL_MinOrderValue& in) {
+  Fill(out.lsClasses, in.lsClasses);
+  Fill(out.lsInstruments, in.lsInstruments);
+  Fill(out.value, in.value);
+  Fill(out.currency, in.currency);
+}
 
 // ---- Plain elements back into records --------------------------------------
 
@@ -99,6 +108,7 @@ void Copy(const ZDL_StringAndDouble& in, TDL_StringAndDouble& out);
 void Copy(const ZDL_StringToArrayStrings& in, TDL_StringToArrayStrings& out);
 void Copy(const ZDL_ClassToSettleCodeToSec& in, TDL_ClassToSettleCodeToSec& out);
 void Copy(const ZDL_TwoStringsAndArrayStrings& in, TDL_TwoStringsAndArrayStrings& out);
+void Copy(const ZDL_MinOrderValue& in, TDL_MinOrderValue& out);
 
 template <class Array, class Wire>
 void CopyArray(const Array& in, std::vector<Wire>& out) {
@@ -150,6 +160,12 @@ void Copy(const ZDL_TwoStringsAndArrayStrings& in, TDL_TwoStringsAndArrayStrings
   Copy(in.str1, out.str1);
   Copy(in.str2, out.str2);
   Copy(in.lsStrings, out.lsStrings);
+}
+void Copy(const ZDL_MinOrderValue& in, TDL_MinOrderValue& out) {
+  Copy(in.lsClasses, out.lsClasses);
+  Copy(in.lsInstruments, out.lsInstruments);
+  Copy(in.value, out.value);
+  Copy(in.currency, out.currency);
 }
 
 }  // namespace

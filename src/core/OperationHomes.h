@@ -8,6 +8,7 @@
 #include "core/TChangeFutClientCodesEditor.h"
 #include "core/TClientListsEditor.h"
 #include "core/TStorageHub.h"
+#include "core/TMinOrderValueEditor.h"
 #include "core/TTemplateClientsEditor.h"
 #include "core/TTemplateEditor.h"
 #include "core/TUserSettingsEditor.h"

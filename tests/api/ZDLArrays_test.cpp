@@ -17,19 +17,20 @@ TEST(ZDLCompositeArraysTest, NewCopiesEachElementWithItsStringsAndInnerLists) {
   EXPECT_STREQ(a.items[0].lsStrings.items[0], "TQBR");
   EXPECT_STREQ(a.items[0].lsStrings.items[1], "SPBFUT");
   EXPECT_EQ(a.items[1].intParam, 2);
-  // An empty inner list is a count of 0 over a block of zero length.
+  // An empty inner list is a count of 0 without a block, as an empty
+  // argument is a null array.
   EXPECT_EQ(a.items[1].lsStrings.count, 0u);
-  EXPECT_NE(a.items[1].lsStrings.items, nullptr);
+  EXPECT_EQ(a.items[1].lsStrings.items, nullptr);
   Free_ZDL_ArrayClassToLimitKind(a);
   EXPECT_EQ(a.count, 0u);
   EXPECT_EQ(a.items, nullptr);
 }
 
-TEST(ZDLCompositeArraysTest, AnEmptyVectorGivesCountZeroAndABlockThatFreeReleases) {
+TEST(ZDLCompositeArraysTest, AnEmptyVectorGivesCountZeroAndNoBlock) {
   ZDL_ArrayCurrencyWithDiscount a;
   New_ZDL_ArrayCurrencyWithDiscount(a, {});
   EXPECT_EQ(a.count, 0u);
-  EXPECT_NE(a.items, nullptr);
+  EXPECT_EQ(a.items, nullptr);
   Free_ZDL_ArrayCurrencyWithDiscount(a);
   EXPECT_EQ(a.items, nullptr);
 }
