@@ -84,6 +84,8 @@ ZDL_DECLARE_RECORD(TDL_StringListToString, (std::string, str), (std::vector<std:
 
 // A currency and its classes.
 ZDL_DECLARE_RECORD(TDL_ClassListForCurrency, (std::string, currency), (std::vector<std::string>, lsClasses));
+// A price limit of a class or security: deviation in per cent, price type, reject.
+ZDL_DECLARE_RECORD(TDL_PriceLimit, (std::string, classCode), (double, deviation), (int, priceType), (bool, reject));
 // A smallest order value: its classes, its securities, the value and its currency.
 ZDL_DECLARE_RECORD(TDL_MinOrderValue, (std::vector<std::string>, lsClasses), (std::vector<std::string>, lsInstruments), (double, value), (std::string, currency));
 

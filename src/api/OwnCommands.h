@@ -18,3 +18,4 @@
 #include "api/OwnTemplateCommands.h"
 #include "api/OwnTemplateClientsCommands.h"
 #include "api/OwnMinOrderValueCommands.h"
+#include "api/OwnPriceLimitCommands.h"

@@ -56,19 +56,31 @@ constexpr unsigned char kNative = 1, kString = 2;
 template <class F>
 struct TField;
 
-// The children of one record's section in name order: the permutation of its
-// fields is worked out once per record type.
+// The children of one record's section in name order. The permutation of a
+// record type's fields is worked out once, with the field names it was made
+// from; a record written by hand whose fields differ from one instance to the
+// next gets the order of its own names.
+struct TFieldOrder {
+  std::vector<const char*> names;  // as VisitFields gives them
+  std::vector<std::size_t> order;  // indexes into names, by name
+};
+
+inline std::vector<std::size_t> OrderOfNames(const std::vector<const char*>& names) {
+  std::vector<std::size_t> indexes(names.size());
+  for (std::size_t i = 0; i < indexes.size(); ++i) indexes[i] = i;
+  std::stable_sort(indexes.begin(), indexes.end(),
+                   [&](std::size_t a, std::size_t b) { return std::strcmp(names[a], names[b]) < 0; });
+  return indexes;
+}
+
 template <class T>
-const std::vector<std::size_t>& SortedFieldOrder() {
-  static const std::vector<std::size_t> order = [] {
-    std::vector<const char*> names;
+const TFieldOrder& SortedFieldOrder() {
+  static const TFieldOrder order = [] {
+    TFieldOrder o;
     T record{};
-    T::VisitFields(record, [&](const char* name, const auto&) { names.push_back(name); });
-    std::vector<std::size_t> indexes(names.size());
-    for (std::size_t i = 0; i < indexes.size(); ++i) indexes[i] = i;
-    std::stable_sort(indexes.begin(), indexes.end(),
-                     [&](std::size_t a, std::size_t b) { return std::strcmp(names[a], names[b]) < 0; });
-    return indexes;
+    T::VisitFields(record, [&](const char* name, const auto&) { o.names.push_back(name); });
+    o.order = OrderOfNames(o.names);
+    return o;
   }();
   return order;
 }
@@ -129,7 +141,17 @@ struct TSection {
     for (std::size_t i = 0; i < children.size(); ++i) count += children[i].size(children[i].field) != 0 ? 1 : 0;
     *out++ = kSection;
     out = PutCompact(out, count);
-    for (std::size_t i : SortedFieldOrder<T>()) {
+    const TFieldOrder& typeOrder = SortedFieldOrder<T>();
+    bool same = children.size() == typeOrder.names.size();
+    for (std::size_t i = 0; same && i < children.size(); ++i)
+      same = children[i].name == typeOrder.names[i] || std::strcmp(children[i].name, typeOrder.names[i]) == 0;
+    std::vector<std::size_t> ownOrder;
+    if (!same) {
+      std::vector<const char*> names(children.size());
+      for (std::size_t i = 0; i < children.size(); ++i) names[i] = children[i].name;
+      ownOrder = OrderOfNames(names);
+    }
+    for (std::size_t i : same ? typeOrder.order : ownOrder) {
       const TChild& c = children[i];
       if (c.size(c.field) == 0) continue;
       out = PutName(out, c.name);

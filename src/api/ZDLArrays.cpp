@@ -18,6 +18,7 @@ char* CopyText(const std::string& text) {
 void Fill(char*& out, const std::string& in) { out = CopyText(in); }
 void Fill(int& out, int in) { out = in; }
 void Fill(double& out, double in) { out = in; }
+void Fill(bool& out, bool in) { out = in; }
 void Fill(ZDL_StringToString& out, const TDL_StringsPair& in);
 void Fill(ZDL_IntToArrayString& out, const TDL_IntToArrayString& in);
 void Fill(ZDL_LimitKindToSettleCodeListToClassList& out, const TDL_IntToSettleCodeListToClassList& in);
@@ -28,6 +29,7 @@ void Fill(ZDL_StringToArrayStrings& out, const TDL_StringToArrayStrings& in);
 void Fill(ZDL_ClassToSettleCodeToSec& out, const TDL_ClassToSettleCodeToSec& in);
 void Fill(ZDL_TwoStringsAndArrayStrings& out, const TDL_TwoStringsAndArrayStrings& in);
 void Fill(ZDL_MinOrderValue& out, const TDL_MinOrderValue& in);
+void Fill(ZDL_PriceLimit& out, const TDL_PriceLimit& in);
 
 // count and a block of that many zeroed items, each filled in turn; on a
 // failure on the way everything made so far is released. An empty list has
@@ -93,12 +95,19 @@ void Fill(ZDL_MinOrderValue& out, const TDL_MinOrderValue& in) {
   Fill(out.value, in.value);
   Fill(out.currency, in.currency);
 }
+void Fill(ZDL_PriceLimit& out, const TDL_PriceLimit& in) {
+  Fill(out.classCode, in.classCode);
+  Fill(out.deviation, in.deviation);
+  Fill(out.priceType, in.priceType);
+  Fill(out.reject, in.reject);
+}
 
 // ---- Plain elements back into records --------------------------------------
 
 void Copy(const char* in, std::string& out) { out = in != nullptr ? in : ""; }
 void Copy(int in, int& out) { out = in; }
 void Copy(double in, double& out) { out = in; }
+void Copy(bool in, bool& out) { out = in; }
 void Copy(const ZDL_StringToString& in, TDL_StringsPair& out);
 void Copy(const ZDL_IntToArrayString& in, TDL_IntToArrayString& out);
 void Copy(const ZDL_LimitKindToSettleCodeListToClassList& in, TDL_IntToSettleCodeListToClassList& out);
@@ -109,6 +118,7 @@ void Copy(const ZDL_StringToArrayStrings& in, TDL_StringToArrayStrings& out);
 void Copy(const ZDL_ClassToSettleCodeToSec& in, TDL_ClassToSettleCodeToSec& out);
 void Copy(const ZDL_TwoStringsAndArrayStrings& in, TDL_TwoStringsAndArrayStrings& out);
 void Copy(const ZDL_MinOrderValue& in, TDL_MinOrderValue& out);
+void Copy(const ZDL_PriceLimit& in, TDL_PriceLimit& out);
 
 template <class Array, class Wire>
 void CopyArray(const Array& in, std::vector<Wire>& out) {
@@ -166,6 +176,12 @@ void Copy(const ZDL_MinOrderValue& in, TDL_MinOrderValue& out) {
   Copy(in.lsInstruments, out.lsInstruments);
   Copy(in.value, out.value);
   Copy(in.currency, out.currency);
+}
+void Copy(const ZDL_PriceLimit& in, TDL_PriceLimit& out) {
+  Copy(in.classCode, out.classCode);
+  Copy(in.deviation, out.deviation);
+  Copy(in.priceType, out.priceType);
+  Copy(in.reject, out.reject);
 }
 
 }  // namespace

@@ -530,6 +530,21 @@ const TClientSecurityRestrictions* TCacheOfSecurityRestrictions::GetTemplateSett
   return object.get();
 }
 
+void TCacheOfSecurityRestrictions::ForgetParsedSection(const std::string& section) {
+  Items().clear();
+  m_sections.erase(section);
+  m_clients.erase(section);
+  const std::string endingUp = P::GetPartIniSectCodeUp(P::psc_Client_Template);
+  const std::string up = StrUpper(section);
+  if (up.size() > endingUp.size() && up.compare(up.size() - endingUp.size(), endingUp.size(), endingUp) == 0)
+    m_templates.erase(TemplateOfSection(section));
+}
+
+void TCacheOfSecurityRestrictions::ReparseGlobalSettings() {
+  Items().clear();
+  ParseGlobalSettings();
+}
+
 int TCacheOfSecurityRestrictions::RemoveParsedTemplateSettings(const std::string& templ) {
   const bool known = Parser().GetClientTemplateSettings().count(templ) != 0 || m_templates.count(templ) != 0;
   if (!known) return ZDL_TEMPLATE_NOT_EXIST;

@@ -53,6 +53,13 @@ class TCacheOfSecurityRestrictions : public AIniSettingCacheMaster<TClientSecuri
   // Drops the parsed object of a client template, which the next use parses
   // anew: 0, or 15 for a template the text does not have (nothing changes).
   [[nodiscard]] int RemoveParsedTemplateSettings(const std::string& templ);
+  // Forgets the parsed object of an edited client or template section and
+  // every client's resolution, so that the next query parses the section as
+  // it stands.
+  void ForgetParsedSection(const std::string& section);
+  // Reads the firm's global sections anew after an edit of them, and forgets
+  // every client's resolution.
+  void ReparseGlobalSettings();
 
   // Client-level objects by section name; template objects by template name.
   const TParsedMap& GetParsedClientSettings() const { return m_clients; }

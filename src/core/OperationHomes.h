@@ -9,6 +9,7 @@
 #include "core/TClientListsEditor.h"
 #include "core/TStorageHub.h"
 #include "core/TMinOrderValueEditor.h"
+#include "core/TPriceLimitEditor.h"
 #include "core/TTemplateClientsEditor.h"
 #include "core/TTemplateEditor.h"
 #include "core/TUserSettingsEditor.h"

@@ -97,6 +97,8 @@ class TStorageHub : public IFirmSettings {
   friend class TChangeFutClientCodesEditor;
   // Edits template client lists and removes templates with their parsed parts.
   friend class TTemplateClientsEditor;
+  // Has the security restrictions cache read edited price limits anew.
+  friend class TPriceLimitEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A

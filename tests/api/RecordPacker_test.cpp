@@ -67,6 +67,34 @@ TEST(RecordPackerTest, EveryKindOfFieldMatchesTheTree) {
   EXPECT_EQ(Packed(all), TreePacked(all));
 }
 
+// A record written by hand whose fields and names depend on the instance.
+struct TVaryingRecord {
+  using TransferRecordTag = void;
+  bool withOwner = false;
+  std::string codeName = "classCode";
+  std::string firmCode = "F", owner = "C1", code = "TQBR";
+  double deviation = 5;
+  template <class Self, class Visitor>
+  static void VisitFields(Self& r, Visitor&& visit) {
+    visit("firmCode", r.firmCode);
+    if (r.withOwner) visit("clientCode", r.owner);
+    visit(r.codeName.c_str(), r.code);
+    visit("deviation", r.deviation);
+  }
+};
+
+TEST(RecordPackerTest, ARecordWhoseFieldsVaryByInstanceMatchesTheTree) {
+  TVaryingRecord plain;
+  EXPECT_EQ(Packed(plain), TreePacked(plain));
+  TVaryingRecord owned;
+  owned.withOwner = true;
+  owned.codeName = "secCode";
+  EXPECT_EQ(Packed(owned), TreePacked(owned));
+  TVaryingRecord renamed;
+  renamed.codeName = "aCode";  // sorts before the type's first name
+  EXPECT_EQ(Packed(renamed), TreePacked(renamed));
+}
+
 TEST(RecordPackerTest, EmptyListsAndEmptyStringsMatchTheTree) {
   TPackAll empty;
   EXPECT_EQ(Packed(empty), TreePacked(empty));
