@@ -1,7 +1,6 @@
 #pragma once
 // Recipes of the commands on the firm-wide client lists: the clients approved
 // for complex instruments and the client values (see api/OwnCommands.h).
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -36,35 +35,9 @@ using AddCval = TDL_AddClientCvalByClientCodeToGlobal;
 using RemoveCval = TDL_RemoveClientCvalByClientCodeFromGlobal;
 using GetCval = TDL_GetClientCvalByClientCodeFromGlobal;
 
-// Client and value pairs as the settings layer takes them: each string in a
-// block of its own, released by FreeClientValues.
-inline void NewClientValues(ZDL_ArrayStringToString& out, const std::vector<TDL_StringsPair>& in) {
-  auto copy = [](const std::string& text) {
-    char* s = new char[text.size() + 1];
-    std::memcpy(s, text.c_str(), text.size() + 1);
-    return s;
-  };
-  out.count = in.size();
-  out.items = new ZDL_StringToString[in.size()]();
-  for (std::size_t i = 0; i < in.size(); ++i) {
-    out.items[i].str1 = copy(in[i].str1);
-    out.items[i].str2 = copy(in[i].str2);
-  }
-}
-inline void FreeClientValues(ZDL_ArrayStringToString& a) {
-  for (uint64_t i = 0; a.items != nullptr && i < a.count; ++i) {
-    delete[] a.items[i].str1;
-    delete[] a.items[i].str2;
-  }
-  delete[] a.items;
-  a.items = nullptr;
-  a.count = 0;
-}
-
 // A list of client and value pairs, passed as ZDL_ArrayStringToString*.
 template <auto Member>
-using ClientValues =
-    ListArg<TBuiltArray<ZDL_ArrayStringToString, TDL_StringsPair, &NewClientValues, &FreeClientValues>, Member>;
+using ClientValues = Composite<ZDL_ArrayStringToString, Member>;
 }  // namespace DL::Adapters::ClientListsRecipes
 
 // clang-format off

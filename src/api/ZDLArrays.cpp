@@ -9,13 +9,8 @@ namespace {
 // ---- Records into plain elements -------------------------------------------
 // Every overload is declared before the templates that reach it.
 
-char* CopyText(const std::string& text) {
-  char* s = new char[text.size() + 1];
-  std::memcpy(s, text.c_str(), text.size() + 1);
-  return s;
-}
 
-void Fill(char*& out, const std::string& in) { out = CopyText(in); }
+void Fill(char*& out, const std::string& in) { out = ZDLPlain::NewText(in); }
 void Fill(int& out, int in) { out = in; }
 void Fill(double& out, double in) { out = in; }
 void Fill(bool& out, bool in) { out = in; }

@@ -5,6 +5,8 @@
 // records that own memory stand in base/ApiRecords.def; the small ones passed
 // by value are written out below.
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 // 0 selects a setting, 1 its soft twin; any other value is refused with 19.
 typedef int ZDL_SettingsScope;
@@ -55,6 +57,15 @@ struct ZDL_VolatilityChangeScenarios {
 // one element. The command handlers' Free_ functions and the firm's TMemory
 // both release through them, so they agree on what a record owns.
 namespace ZDLPlain {
+
+// A string of a record or array handed out: a block of its own (array new),
+// which ReleaseItem gives back.
+inline char* NewText(std::string_view text) {
+  char* block = new char[text.size() + 1];
+  std::memcpy(block, text.data(), text.size());
+  block[text.size()] = '\0';
+  return block;
+}
 
 inline void ReleaseItem(char*& text) {
   delete[] text;

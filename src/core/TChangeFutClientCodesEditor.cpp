@@ -26,11 +26,6 @@ int CheckFirm(const char* firm) {
   return IsFirmCodeLengthGreaterMaxLength(firm) ? ZDL_BAD_ARGUMENT : ZDL_OK;
 }
 
-char* NewString(const std::string& text) {
-  char* block = new char[text.size() + 1];
-  std::memcpy(block, text.c_str(), text.size() + 1);
-  return block;
-}
 
 }  // namespace
 
@@ -45,7 +40,7 @@ int TChangeFutClientCodesEditor::GetListOfFirmsGlobalChangeFutClientCodes(ZDL_Ar
   const auto& stores = m_hub.m_changeFutClientCodes;
   ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(stores.size());
   std::size_t i = 0;
-  for (const auto& [section, store] : stores) array->items[i++] = NewString(store.firm);
+  for (const auto& [section, store] : stores) array->items[i++] = ZDLPlain::NewText(store.firm);
   *firms = array;
   return ZDL_OK;
 }
@@ -142,8 +137,8 @@ int TChangeFutClientCodesEditor::GetChangeFutClientCodesByFirmFromGlobal(
   auto* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc>(store->trdAccByClient.size());
   std::size_t i = 0;
   for (const auto& [client, account] : store->trdAccByClient) {
-    array->items[i].str1 = NewString(client);
-    array->items[i].str2 = NewString(account);
+    array->items[i].str1 = ZDLPlain::NewText(client);
+    array->items[i].str2 = ZDLPlain::NewText(account);
     ++i;
   }
   *pairs = array;

@@ -37,13 +37,6 @@ int CheckClientCode(const char* client) {
   return ZDL_OK;
 }
 
-// A string of an array handed out: a block of its own (array new), which the
-// array's release in TMemory gives back.
-char* NewString(const std::string& text) {
-  char* block = new char[text.size() + 1];
-  std::memcpy(block, text.c_str(), text.size() + 1);
-  return block;
-}
 
 // Whether the whole text is a decimal integer that fits an int.
 bool IsIntegerText(const char* text) {
@@ -64,7 +57,7 @@ int TClientListsEditor::GetComplexFIApprovedClientsFromGlobal(ZDL_ArrayStrings**
   const std::set<std::string>& clients = m_hub.m_complexFIApprovedClients;
   ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(clients.size());
   std::size_t i = 0;
-  for (const std::string& client : clients) array->items[i++] = NewString(client);
+  for (const std::string& client : clients) array->items[i++] = ZDLPlain::NewText(client);
   *out = array;
   return ZDL_OK;
 }
@@ -121,8 +114,8 @@ int TClientListsEditor::GetClientCvalListFromGlobal(ZDL_ArrayStringToString** ou
   ZDL_ArrayStringToString* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStringToString>(values.size());
   std::size_t i = 0;
   for (const auto& [client, value] : values) {
-    array->items[i].str1 = NewString(client);
-    array->items[i].str2 = NewString(value);
+    array->items[i].str1 = ZDLPlain::NewText(client);
+    array->items[i].str2 = ZDLPlain::NewText(value);
     ++i;
   }
   *out = array;

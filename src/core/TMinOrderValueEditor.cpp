@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/CodeLengths.h"
 #include "base/KeyParsers.h"
 #include "base/ResultCodes.h"
 #include "base/TextHelpers.h"
@@ -12,18 +13,16 @@
 namespace DL {
 
 namespace {
-constexpr size_t kMaxCodeLength = 12;
-constexpr size_t kMaxCurrencyLength = 4;
 
 const std::string& Part(TIniParser::EPartIniSectCodeNum code) { return TIniParser::GetPartIniSectCode(code); }
 
 // The codes of a list as a set: 3 for a null or empty code, `tooLong` for
-// one longer than 12 characters.
-int CodesOf(const ZDL_ArrayStrings& list, int tooLong, std::set<std::string>& out) {
+// one longer than its kind allows.
+int CodesOf(const ZDL_ArrayStrings& list, bool (*isTooLong)(const char*), int tooLong, std::set<std::string>& out) {
   for (uint64_t i = 0; i < list.count; ++i) {
     const char* code = list.items == nullptr ? nullptr : list.items[i];
-    if (code == nullptr || *code == '\0') return ZDL_BAD_ARGUMENT;
-    if (std::strlen(code) > kMaxCodeLength) return tooLong;
+    if (IsNullOrEmpty(code)) return ZDL_BAD_ARGUMENT;
+    if (isTooLong(code)) return tooLong;
     out.insert(code);
   }
   return ZDL_OK;
@@ -44,17 +43,12 @@ bool HasPrefix(const std::string& key, const std::string& prefixUp) {
   return key.size() >= prefixUp.size() && StrUpper(std::string_view(key).substr(0, prefixUp.size())) == prefixUp;
 }
 
-char* CopyText(const std::string& text) {
-  char* s = new char[text.size() + 1];
-  std::memcpy(s, text.c_str(), text.size() + 1);
-  return s;
-}
 
 void FillStrings(ZDL_ArrayStrings& out, const std::set<std::string>& in) {
   out.count = in.size();
   out.items = in.empty() ? nullptr : new char*[in.size()]();
   size_t i = 0;
-  for (const std::string& s : in) out.items[i++] = CopyText(s);
+  for (const std::string& s : in) out.items[i++] = ZDLPlain::NewText(s);
 }
 }  // namespace
 
@@ -63,16 +57,16 @@ TMinOrderValueEditor::TOwner TMinOrderValueEditor::Global() {
 }
 
 int TMinOrderValueEditor::ClientOwner(const char* clientCode, TOwner& owner) {
-  if (clientCode == nullptr || *clientCode == '\0') return ZDL_BAD_ARGUMENT;
-  if (std::strlen(clientCode) > kMaxCodeLength) return ZDL_CLIENT_CODE_TOO_LONG;
+  if (IsNullOrEmpty(clientCode)) return ZDL_BAD_ARGUMENT;
+  if (IsClientCodeLengthGreaterMaxLength(clientCode)) return ZDL_CLIENT_CODE_TOO_LONG;
   owner = TOwner{Part(TIniParser::pscCl) + clientCode, TIniParser::GetIniParamCode(TIniParser::ipcOrderMinValue_),
                  false, ZDL_CLIENT_SETTINGS_NOT_EXIST};
   return ZDL_OK;
 }
 
 int TMinOrderValueEditor::TemplateOwner(const char* templateCode, int kind, TOwner& owner) {
-  if (templateCode == nullptr || *templateCode == '\0') return ZDL_BAD_ARGUMENT;
-  if (std::strlen(templateCode) > kMaxCodeLength) return ZDL_TEMPLATE_CODE_TOO_LONG;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsTemplateCodeLengthGreaterMaxLength(templateCode)) return ZDL_TEMPLATE_CODE_TOO_LONG;
   TIniParser::EPartIniSectCodeNum ending{};
   if (TIniParser::GetPartIniSectCodeNum__XXX_Template(ending, kind) != ZDL_OK) return ZDL_TEMPLATE_NOT_EXIST;
   owner = TOwner{Part(TIniParser::pscCl) + templateCode + Part(ending),
@@ -83,10 +77,10 @@ int TMinOrderValueEditor::TemplateOwner(const char* templateCode, int kind, TOwn
 int TMinOrderValueEditor::MakeRow(const ZDL_MinOrderValue* item, TRow& row) {
   if (item == nullptr || item->lsClasses.count == 0) return ZDL_BAD_ARGUMENT;
   if (item->lsInstruments.count == 0 && item->lsInstruments.items != nullptr) return ZDL_BAD_ARGUMENT;
-  if (const int r = CodesOf(item->lsClasses, ZDL_CLASS_CODE_TOO_LONG, row.classes); r != ZDL_OK) return r;
-  if (const int r = CodesOf(item->lsInstruments, ZDL_SEC_CODE_TOO_LONG, row.securities); r != ZDL_OK) return r;
+  if (const int r = CodesOf(item->lsClasses, &IsClassCodeLengthGreaterMaxLength, ZDL_CLASS_CODE_TOO_LONG, row.classes); r != ZDL_OK) return r;
+  if (const int r = CodesOf(item->lsInstruments, &IsSecCodeLengthGreaterMaxLength, ZDL_SEC_CODE_TOO_LONG, row.securities); r != ZDL_OK) return r;
   const std::string currency = item->currency == nullptr ? "" : item->currency;
-  if (currency.size() > kMaxCurrencyLength) return ZDL_CURR_CODE_TOO_LONG;
+  if (IsCurrCodeLengthGreaterMaxLength(currency)) return ZDL_CURR_CODE_TOO_LONG;
   row.key = GetRowWithDelimsFromListRows(row.classes);
   if (!row.securities.empty())
     row.key += TIniParser::GetIniParamCode(TIniParser::ipc_INSTR_) + GetRowWithDelimsFromListRows(row.securities);
@@ -152,7 +146,7 @@ int TMinOrderValueEditor::GetBody(int result, const TOwner& owner, ZDL_SettingsS
     FillStrings(array->items[i].lsClasses, found[i].classes);
     FillStrings(array->items[i].lsInstruments, found[i].securities);
     array->items[i].value = found[i].value;
-    array->items[i].currency = CopyText(found[i].currency);
+    array->items[i].currency = ZDLPlain::NewText(found[i].currency);
   }
   *rows = array;
   return ZDL_OK;

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/CodeLengths.h"
 #include "base/ResultCodes.h"
 #include "base/TextHelpers.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
@@ -12,24 +13,18 @@ namespace DL {
 
 namespace {
 using P = TIniParser;
-constexpr size_t kMaxCodeLength = 12;
 constexpr int kLastPriceType = 7;
 
 const std::string& Key(P::EIniParamCodeNum code) { return P::GetIniParamCode(code); }
 
-char* CopyText(const std::string& text) {
-  char* s = new char[text.size() + 1];
-  std::memcpy(s, text.c_str(), text.size() + 1);
-  return s;
-}
 }  // namespace
 
 int TPriceLimitEditor::PlaceOf(EOwner owner, const char* code, bool bySecurity, ZDL_SettingsScope scope,
                                TPlace& place) {
   if (owner != EOwner::Global) {
-    if (code == nullptr || *code == '\0') return ZDL_BAD_ARGUMENT;
-    if (std::strlen(code) > kMaxCodeLength)
-      return owner == EOwner::Client ? ZDL_CLIENT_CODE_TOO_LONG : ZDL_TEMPLATE_CODE_TOO_LONG;
+    if (IsNullOrEmpty(code)) return ZDL_BAD_ARGUMENT;
+    if (owner == EOwner::Client && IsClientCodeLengthGreaterMaxLength(code)) return ZDL_CLIENT_CODE_TOO_LONG;
+    if (owner == EOwner::Template && IsTemplateCodeLengthGreaterMaxLength(code)) return ZDL_TEMPLATE_CODE_TOO_LONG;
   }
   if (scope != 0 && scope != 1) return ZDL_WRONG_SCOPE;
   const bool soft = scope == 1;
@@ -68,10 +63,15 @@ TIniParser::TKeyMap* TPriceLimitEditor::Keys(const TPlace& place, bool make, int
   return keys;
 }
 
+int TPriceLimitEditor::CheckCode(const TPlace& place, const char* code) {
+  if (IsNullOrEmpty(code)) return ZDL_BAD_ARGUMENT;
+  if (place.bySecurity) return IsSecCodeLengthGreaterMaxLength(code) ? ZDL_SEC_CODE_TOO_LONG : ZDL_OK;
+  return IsClassCodeLengthGreaterMaxLength(code) ? ZDL_CLASS_CODE_TOO_LONG : ZDL_OK;
+}
+
 int TPriceLimitEditor::CheckLimit(const TPlace& place, const ZDL_PriceLimit* limit) {
-  if (limit == nullptr || limit->classCode == nullptr || *limit->classCode == '\0') return ZDL_BAD_ARGUMENT;
-  if (std::strlen(limit->classCode) > kMaxCodeLength)
-    return place.bySecurity ? ZDL_SEC_CODE_TOO_LONG : ZDL_CLASS_CODE_TOO_LONG;
+  if (limit == nullptr) return ZDL_BAD_ARGUMENT;
+  if (const int r = CheckCode(place, limit->classCode); r != ZDL_OK) return r;
   if (!(limit->deviation >= 0.0) || limit->priceType < 0 || limit->priceType > kLastPriceType)
     return ZDL_BAD_ARGUMENT;
   return ZDL_OK;
@@ -142,7 +142,7 @@ int TPriceLimitEditor::GetList(int result, const TPlace& place, ZDL_ArrayPriceLi
   ZDL_ArrayPriceLimit* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayPriceLimit>(parsed.limits.size());
   size_t i = 0;
   for (const auto& [code, item] : parsed.limits) {
-    array->items[i].classCode = CopyText(code);
+    array->items[i].classCode = ZDLPlain::NewText(code);
     array->items[i].deviation = item.deviation;
     array->items[i].priceType = item.priceType;
     array->items[i].reject = item.reject;
@@ -168,8 +168,7 @@ int TPriceLimitEditor::Remove(int result, const TPlace& place, const char* code)
   if (result != ZDL_OK) return result;
   TIniParser::TKeyMap* keys = Keys(place, false, &result);
   if (keys == nullptr) return result;
-  if (code == nullptr || *code == '\0') return ZDL_BAD_ARGUMENT;
-  if (std::strlen(code) > kMaxCodeLength) return place.bySecurity ? ZDL_SEC_CODE_TOO_LONG : ZDL_CLASS_CODE_TOO_LONG;
+  if (const int r = CheckCode(place, code); r != ZDL_OK) return r;
   const std::string wanted = StrUpper(code);
   for (auto it = keys->begin(); it != keys->end(); ++it) {
     std::string existing;

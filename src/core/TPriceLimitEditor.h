@@ -74,6 +74,8 @@ class TPriceLimitEditor {
   // and MakeSection makes it once the value has passed.
   TIniParser::TKeyMap* Keys(const TPlace& place, bool make, int* result) const;
   TIniParser::TKeyMap* MakeSection(const TPlace& place, TIniParser::TKeyMap* keys);
+  // 0, or 3 / 9 / 13 for a class or security code.
+  static int CheckCode(const TPlace& place, const char* code);
   // 0, or 3 / 9 / 13 for the limit's code and value.
   static int CheckLimit(const TPlace& place, const ZDL_PriceLimit* limit);
   // Whether a key of the owner's section is one of the family's limits, and

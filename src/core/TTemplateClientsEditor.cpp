@@ -3,6 +3,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/CodeLengths.h"
 #include "base/Numbers.h"
 #include "base/ResultCodes.h"
 #include "base/TextHelpers.h"
@@ -11,7 +12,6 @@
 namespace DL {
 
 namespace {
-constexpr size_t kMaxClientCodeLength = 12;
 // The largest leverage a template may claim.
 constexpr double kMaxLeverage = 999999999.0;
 
@@ -25,12 +25,10 @@ const std::string* SuffixOf(int kind) {
   return &Part(ending);
 }
 
-bool IsNullOrEmptyCode(const char* code) { return code == nullptr || *code == '\0'; }
-
 // 0, 3 for a null or empty client, 10 for one longer than 12 characters.
 int CheckClient(const char* client) {
-  if (IsNullOrEmptyCode(client)) return ZDL_BAD_ARGUMENT;
-  if (std::strlen(client) > kMaxClientCodeLength) return ZDL_CLIENT_CODE_TOO_LONG;
+  if (IsNullOrEmpty(client)) return ZDL_BAD_ARGUMENT;
+  if (IsClientCodeLengthGreaterMaxLength(client)) return ZDL_CLIENT_CODE_TOO_LONG;
   return ZDL_OK;
 }
 }  // namespace
@@ -50,7 +48,7 @@ std::set<std::string> TTemplateClientsEditor::ClientsOf(const std::string& secti
   const auto list = keys->find(Key(TIniParser::ipcClients));
   if (list == keys->end()) return clients;
   ParseRowWithDelimsToListRows(list->second, ',', clients);
-  std::erase_if(clients, [](const std::string& c) { return c.size() > kMaxClientCodeLength; });
+  std::erase_if(clients, [](const std::string& c) { return IsClientCodeLengthGreaterMaxLength(c); });
   return clients;
 }
 
@@ -102,7 +100,7 @@ int TTemplateClientsEditor::WriteClients(int kind, const std::string& code, cons
 }
 
 int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templateCode, const char* clientCode) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
   const std::string section = TemplateSection(kind, templateCode);
@@ -117,7 +115,7 @@ int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templ
 
 int TTemplateClientsEditor::RemoveItemFromTemplateClients(int kind, const char* templateCode,
                                                           const char* clientCode) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
   const std::string section = TemplateSection(kind, templateCode);
@@ -129,7 +127,7 @@ int TTemplateClientsEditor::RemoveItemFromTemplateClients(int kind, const char* 
 
 int TTemplateClientsEditor::SetItemsToTemplateClients(int kind, const char* templateCode,
                                                       const ZDL_ArrayStrings* clients) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
   std::set<std::string> list;
   const uint64_t count = clients == nullptr ? 0 : clients->count;
@@ -149,7 +147,7 @@ int TTemplateClientsEditor::SetItemsToTemplateClients(int kind, const char* temp
 
 int TTemplateClientsEditor::MoveItemBetweenTemplatesClients(int kind, const char* fromTemplate,
                                                             const char* toTemplate, const char* clientCode) {
-  if (IsNullOrEmptyCode(fromTemplate) || IsNullOrEmptyCode(toTemplate)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(fromTemplate) || IsNullOrEmpty(toTemplate)) return ZDL_BAD_ARGUMENT;
   if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
   if (m_hub.GetOldParserPointer()->FindIniSectionRef(TemplateSection(kind, fromTemplate)) == nullptr)
@@ -161,8 +159,8 @@ int TTemplateClientsEditor::MoveItemBetweenTemplatesClients(int kind, const char
 }
 
 int TTemplateClientsEditor::RemoveTemplate(const char* templateCode, int kind) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
-  if (std::strlen(templateCode) > TTemplateEditor::kMaxTemplateCodeLength) return ZDL_TEMPLATE_CODE_TOO_LONG;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsTemplateCodeLengthGreaterMaxLength(templateCode)) return ZDL_TEMPLATE_CODE_TOO_LONG;
   TIniParser* parser = m_hub.GetOldParserPointer();
   const std::string section = TemplateSection(kind, templateCode);
   if (parser->FindIniSectionRef(section) == nullptr) return ZDL_TEMPLATE_NOT_EXIST;
@@ -177,7 +175,7 @@ int TTemplateClientsEditor::RemoveTemplate(const char* templateCode, int kind) {
 }
 
 int TTemplateClientsEditor::RemoveClientTemplate(const char* templateCode) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache(); cache != nullptr)
     (void)cache->RemoveParsedTemplateSettings(templateCode);
   if (const int removed = RemoveTemplate(templateCode, TIniParser::TemplateClient); removed != ZDL_OK) return removed;
@@ -196,7 +194,7 @@ int TTemplateClientsEditor::RemoveBaseAssetsTemplate(const char* templateCode) {
 }
 
 int TTemplateClientsEditor::RemoveRestrictionTemplate(const char* templateCode) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache();
   if (cache == nullptr) return ZDL_NOT_FOUND;
   return cache->RemoveTemplate(templateCode);
@@ -218,7 +216,7 @@ bool TTemplateClientsEditor::LeverageOfOtherTemplate(int kind, const std::string
 }
 
 int TTemplateClientsEditor::SetLeverages(int kind, const char* templateCode, const ZDL_ArrayDoubleNumbers* leverages) {
-  if (IsNullOrEmptyCode(templateCode)) return ZDL_BAD_ARGUMENT;
+  if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (m_hub.GetOldParserPointer()->FindIniSectionRef(TemplateSection(kind, templateCode)) == nullptr)
     return ZDL_TEMPLATE_NOT_EXIST;
   std::vector<std::string> items;

@@ -60,8 +60,7 @@ int TTemplateEditor::ClientsOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayStr
 ZDL_ArrayStrings* TTemplateEditor::NewStrings(const std::vector<std::string>& items) const {
   ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
   for (size_t i = 0; i < items.size(); ++i) {
-    array->items[i] = new char[items[i].size() + 1];
-    std::memcpy(array->items[i], items[i].c_str(), items[i].size() + 1);
+    array->items[i] = ZDLPlain::NewText(items[i]);
   }
   return array;
 }
