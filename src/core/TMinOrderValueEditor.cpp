@@ -43,7 +43,6 @@ bool HasPrefix(const std::string& key, const std::string& prefixUp) {
   return key.size() >= prefixUp.size() && StrUpper(std::string_view(key).substr(0, prefixUp.size())) == prefixUp;
 }
 
-
 void FillStrings(ZDL_ArrayStrings& out, const std::set<std::string>& in) {
   out.count = in.size();
   out.items = in.empty() ? nullptr : new char*[in.size()]();
@@ -77,8 +76,13 @@ int TMinOrderValueEditor::TemplateOwner(const char* templateCode, int kind, TOwn
 int TMinOrderValueEditor::MakeRow(const ZDL_MinOrderValue* item, TRow& row) {
   if (item == nullptr || item->lsClasses.count == 0) return ZDL_BAD_ARGUMENT;
   if (item->lsInstruments.count == 0 && item->lsInstruments.items != nullptr) return ZDL_BAD_ARGUMENT;
-  if (const int r = CodesOf(item->lsClasses, &IsClassCodeLengthGreaterMaxLength, ZDL_CLASS_CODE_TOO_LONG, row.classes); r != ZDL_OK) return r;
-  if (const int r = CodesOf(item->lsInstruments, &IsSecCodeLengthGreaterMaxLength, ZDL_SEC_CODE_TOO_LONG, row.securities); r != ZDL_OK) return r;
+  if (const int r = CodesOf(item->lsClasses, &IsClassCodeLengthGreaterMaxLength, ZDL_CLASS_CODE_TOO_LONG, row.classes);
+      r != ZDL_OK)
+    return r;
+  if (const int r =
+          CodesOf(item->lsInstruments, &IsSecCodeLengthGreaterMaxLength, ZDL_SEC_CODE_TOO_LONG, row.securities);
+      r != ZDL_OK)
+    return r;
   const std::string currency = item->currency == nullptr ? "" : item->currency;
   if (IsCurrCodeLengthGreaterMaxLength(currency)) return ZDL_CURR_CODE_TOO_LONG;
   row.key = GetRowWithDelimsFromListRows(row.classes);
@@ -205,20 +209,48 @@ int TMinOrderValueEditor::RemoveBody(int result, const TOwner& owner, ZDL_Settin
 }
 
 // ---- The owners ----
+// Each command finds its owner, then runs the family's body; `extra` is the
+// class code of a client's reading, null elsewhere.
 
-int TMinOrderValueEditor::GetMinOrderValueFromGlobal(ZDL_SettingsScope scope, ZDL_ArrayMinOrderValue** rows) const {
-  return GetBody(ZDL_OK, Global(), scope, nullptr, rows);
-}
-int TMinOrderValueEditor::AddMinOrderValueToGlobal(ZDL_SettingsScope scope, const ZDL_MinOrderValue* row) {
-  return AddBody(ZDL_OK, Global(), scope, row);
-}
-int TMinOrderValueEditor::SetMinOrderValueToGlobal(ZDL_SettingsScope scope, const ZDL_ArrayMinOrderValue* rows) {
-  return SetBody(ZDL_OK, Global(), scope, rows);
-}
-int TMinOrderValueEditor::RemoveMinOrderValueFromGlobal(ZDL_SettingsScope scope, const ZDL_MinOrderValue* row) {
-  return RemoveBody(ZDL_OK, Global(), scope, row);
-}
+#define ZDL_MIN_ORDER_VALUE_OWNER_(Owner, OwnerParam, FindOwner, extra)                        \
+  int TMinOrderValueEditor::GetMinOrderValueFrom##Owner(ZDL_SettingsScope scope OwnerParam,    \
+                                                        ZDL_ArrayMinOrderValue** rows) const { \
+    TOwner owner;                                                                              \
+    const int result = FindOwner;                                                              \
+    return GetBody(result, owner, scope, extra, rows);                                         \
+  }                                                                                            \
+  int TMinOrderValueEditor::AddMinOrderValueTo##Owner(ZDL_SettingsScope scope OwnerParam,      \
+                                                      const ZDL_MinOrderValue* row) {          \
+    TOwner owner;                                                                              \
+    const int result = FindOwner;                                                              \
+    return AddBody(result, owner, scope, row);                                                 \
+  }                                                                                            \
+  int TMinOrderValueEditor::SetMinOrderValueTo##Owner(ZDL_SettingsScope scope OwnerParam,      \
+                                                      const ZDL_ArrayMinOrderValue* rows) {    \
+    TOwner owner;                                                                              \
+    const int result = FindOwner;                                                              \
+    return SetBody(result, owner, scope, rows);                                                \
+  }                                                                                            \
+  int TMinOrderValueEditor::RemoveMinOrderValueFrom##Owner(ZDL_SettingsScope scope OwnerParam, \
+                                                           const ZDL_MinOrderValue* row) {     \
+    TOwner owner;                                                                              \
+    const int result = FindOwner;                                                              \
+    return RemoveBody(result, owner, scope, row);                                              \
+  }
+#define ZDL_MOV_NONE_
+#define ZDL_MOV_TEMPLATE_ , const char* templateCode
 
+ZDL_MIN_ORDER_VALUE_OWNER_(Global, ZDL_MOV_NONE_, (owner = Global(), ZDL_OK), nullptr)
+ZDL_MIN_ORDER_VALUE_OWNER_(ClientTemplate, ZDL_MOV_TEMPLATE_,
+                           TemplateOwner(templateCode, TIniParser::TemplateClient, owner), nullptr)
+ZDL_MIN_ORDER_VALUE_OWNER_(RestrictionTemplate, ZDL_MOV_TEMPLATE_,
+                           TemplateOwner(templateCode, TIniParser::TemplateRestriction, owner), nullptr)
+#undef ZDL_MIN_ORDER_VALUE_OWNER_
+#undef ZDL_MOV_NONE_
+#undef ZDL_MOV_TEMPLATE_
+
+// A client's reading takes the class code besides the owner, so its four
+// commands are written out.
 int TMinOrderValueEditor::GetMinOrderValueFromClientSettings(ZDL_SettingsScope scope, const char* clientCode,
                                                              const char* classCode,
                                                              ZDL_ArrayMinOrderValue** rows) const {
@@ -242,57 +274,6 @@ int TMinOrderValueEditor::RemoveMinOrderValueFromClientSettings(ZDL_SettingsScop
                                                                 const ZDL_MinOrderValue* row) {
   TOwner owner;
   const int result = ClientOwner(clientCode, owner);
-  return RemoveBody(result, owner, scope, row);
-}
-
-int TMinOrderValueEditor::GetMinOrderValueFromClientTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                             ZDL_ArrayMinOrderValue** rows) const {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateClient, owner);
-  return GetBody(result, owner, scope, nullptr, rows);
-}
-int TMinOrderValueEditor::AddMinOrderValueToClientTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                           const ZDL_MinOrderValue* row) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateClient, owner);
-  return AddBody(result, owner, scope, row);
-}
-int TMinOrderValueEditor::SetMinOrderValueToClientTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                           const ZDL_ArrayMinOrderValue* rows) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateClient, owner);
-  return SetBody(result, owner, scope, rows);
-}
-int TMinOrderValueEditor::RemoveMinOrderValueFromClientTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                                const ZDL_MinOrderValue* row) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateClient, owner);
-  return RemoveBody(result, owner, scope, row);
-}
-
-int TMinOrderValueEditor::GetMinOrderValueFromRestrictionTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                                  ZDL_ArrayMinOrderValue** rows) const {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateRestriction, owner);
-  return GetBody(result, owner, scope, nullptr, rows);
-}
-int TMinOrderValueEditor::AddMinOrderValueToRestrictionTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                                const ZDL_MinOrderValue* row) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateRestriction, owner);
-  return AddBody(result, owner, scope, row);
-}
-int TMinOrderValueEditor::SetMinOrderValueToRestrictionTemplate(ZDL_SettingsScope scope, const char* templateCode,
-                                                                const ZDL_ArrayMinOrderValue* rows) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateRestriction, owner);
-  return SetBody(result, owner, scope, rows);
-}
-int TMinOrderValueEditor::RemoveMinOrderValueFromRestrictionTemplate(ZDL_SettingsScope scope,
-                                                                     const char* templateCode,
-                                                                     const ZDL_MinOrderValue* row) {
-  TOwner owner;
-  const int result = TemplateOwner(templateCode, TIniParser::TemplateRestriction, owner);
   return RemoveBody(result, owner, scope, row);
 }
 

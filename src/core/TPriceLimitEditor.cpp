@@ -31,8 +31,8 @@ int TPriceLimitEditor::PlaceOf(EOwner owner, const char* code, bool bySecurity, 
   place.owner = owner;
   place.bySecurity = bySecurity;
   if (owner == EOwner::Global) {
-    const EIniSectCodeNum section = bySecurity ? (soft ? iscSoft_SecPriceLimit : iscSecPriceLimit)
-                                               : (soft ? iscSoft_PriceLimit : iscPriceLimit);
+    const EIniSectCodeNum section =
+        bySecurity ? (soft ? iscSoft_SecPriceLimit : iscSecPriceLimit) : (soft ? iscSoft_PriceLimit : iscPriceLimit);
     place.section = std::string(IniSectName(section));
     place.prefix.clear();
     place.middleKey = Key(P::ipcMIDDLE);
@@ -72,8 +72,7 @@ int TPriceLimitEditor::CheckCode(const TPlace& place, const char* code) {
 int TPriceLimitEditor::CheckLimit(const TPlace& place, const ZDL_PriceLimit* limit) {
   if (limit == nullptr) return ZDL_BAD_ARGUMENT;
   if (const int r = CheckCode(place, limit->classCode); r != ZDL_OK) return r;
-  if (!(limit->deviation >= 0.0) || limit->priceType < 0 || limit->priceType > kLastPriceType)
-    return ZDL_BAD_ARGUMENT;
+  if (!(limit->deviation >= 0.0) || limit->priceType < 0 || limit->priceType > kLastPriceType) return ZDL_BAD_ARGUMENT;
   return ZDL_OK;
 }
 
@@ -226,41 +225,40 @@ int TPriceLimitEditor::SetMiddle(int result, const TPlace& place, int priceType)
 
 // ---- The commands ----
 
-#define ZDL_PRICE_LIMIT_BODIES_(Owner, Family, Item, OwnerKind, BySecurity, OwnerParam, OwnerArg, MiddleScope)     \
-  int TPriceLimitEditor::Add##Item##SettingsTo##Owner##Family(ZDL_SettingsScope scope OwnerParam,                   \
-                                                              const ZDL_PriceLimit* limit) {                        \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                      \
-    return Add(result, place, limit);                                                                               \
-  }                                                                                                                 \
-  int TPriceLimitEditor::GetSettingListFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam,                      \
-                                                           ZDL_ArrayPriceLimit** limits) const {                    \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                      \
-    return GetList(result, place, limits);                                                                          \
-  }                                                                                                                 \
-  int TPriceLimitEditor::GetMiddlePriceFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam, int* priceType)     \
-      const {                                                                                                       \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, MiddleScope, place);                                \
-    return GetMiddle(result, place, priceType);                                                                     \
-  }                                                                                                                 \
-  int TPriceLimitEditor::Remove##Item##SettingsFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam,              \
-                                                                   const char* code) {                             \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                      \
-    return Remove(result, place, code);                                                                             \
-  }                                                                                                                 \
-  int TPriceLimitEditor::SetSettingListTo##Owner##Family(ZDL_SettingsScope scope OwnerParam,                        \
-                                                         const ZDL_ArrayPriceLimit* limits) {                       \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                      \
-    return SetList(result, place, limits);                                                                          \
-  }                                                                                                                 \
-  int TPriceLimitEditor::SetMiddlePriceTo##Owner##Family(ZDL_SettingsScope scope OwnerParam, int priceType) {       \
-    TPlace place;                                                                                                   \
-    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, MiddleScope, place);                                \
-    return SetMiddle(result, place, priceType);                                                                     \
+#define ZDL_PRICE_LIMIT_BODIES_(Owner, Family, Item, OwnerKind, BySecurity, OwnerParam, OwnerArg, MiddleScope)         \
+  int TPriceLimitEditor::Add##Item##SettingsTo##Owner##Family(ZDL_SettingsScope scope OwnerParam,                      \
+                                                              const ZDL_PriceLimit* limit) {                           \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                         \
+    return Add(result, place, limit);                                                                                  \
+  }                                                                                                                    \
+  int TPriceLimitEditor::GetSettingListFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam,                         \
+                                                           ZDL_ArrayPriceLimit** limits) const {                       \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                         \
+    return GetList(result, place, limits);                                                                             \
+  }                                                                                                                    \
+  int TPriceLimitEditor::GetMiddlePriceFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam, int* priceType) const { \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, MiddleScope, place);                                   \
+    return GetMiddle(result, place, priceType);                                                                        \
+  }                                                                                                                    \
+  int TPriceLimitEditor::Remove##Item##SettingsFrom##Owner##Family(ZDL_SettingsScope scope OwnerParam,                 \
+                                                                   const char* code) {                                 \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                         \
+    return Remove(result, place, code);                                                                                \
+  }                                                                                                                    \
+  int TPriceLimitEditor::SetSettingListTo##Owner##Family(ZDL_SettingsScope scope OwnerParam,                           \
+                                                         const ZDL_ArrayPriceLimit* limits) {                          \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, scope, place);                                         \
+    return SetList(result, place, limits);                                                                             \
+  }                                                                                                                    \
+  int TPriceLimitEditor::SetMiddlePriceTo##Owner##Family(ZDL_SettingsScope scope OwnerParam, int priceType) {          \
+    TPlace place;                                                                                                      \
+    const int result = PlaceOf(OwnerKind, OwnerArg, BySecurity, MiddleScope, place);                                   \
+    return SetMiddle(result, place, priceType);                                                                        \
   }
 #define ZDL_PRICE_LIMIT_NO_OWNER_
 #define ZDL_PRICE_LIMIT_CLIENT_ , const char* clientCode

@@ -96,7 +96,8 @@ int TTemplateClientsEditor::WriteClients(int kind, const std::string& code, cons
   if (result != ZDL_OK || kind != TIniParser::TemplateClient) return result;
   // The commission scale template of the same code follows the client
   // template, so that the two stay in step.
-  return parser->SetTemplateParamToAllLimitKinds(TIniParser::TemplateCommissionScale, code, TIniParser::ipcClients, list);
+  return parser->SetTemplateParamToAllLimitKinds(TIniParser::TemplateCommissionScale, code, TIniParser::ipcClients,
+                                                 list);
 }
 
 int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templateCode, const char* clientCode) {
@@ -113,8 +114,7 @@ int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templ
   return WriteClients(kind, templateCode, clients);
 }
 
-int TTemplateClientsEditor::RemoveItemFromTemplateClients(int kind, const char* templateCode,
-                                                          const char* clientCode) {
+int TTemplateClientsEditor::RemoveItemFromTemplateClients(int kind, const char* templateCode, const char* clientCode) {
   if (IsNullOrEmpty(templateCode)) return ZDL_BAD_ARGUMENT;
   if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
@@ -145,8 +145,8 @@ int TTemplateClientsEditor::SetItemsToTemplateClients(int kind, const char* temp
   return WriteClients(kind, templateCode, list);
 }
 
-int TTemplateClientsEditor::MoveItemBetweenTemplatesClients(int kind, const char* fromTemplate,
-                                                            const char* toTemplate, const char* clientCode) {
+int TTemplateClientsEditor::MoveItemBetweenTemplatesClients(int kind, const char* fromTemplate, const char* toTemplate,
+                                                            const char* clientCode) {
   if (IsNullOrEmpty(fromTemplate) || IsNullOrEmpty(toTemplate)) return ZDL_BAD_ARGUMENT;
   if (const int checked = CheckClient(clientCode); checked != ZDL_OK) return checked;
   if (!IsKnownKind(kind)) return ZDL_TEMPLATE_NOT_EXIST;
@@ -205,8 +205,7 @@ bool TTemplateClientsEditor::LeverageOfOtherTemplate(int kind, const std::string
   const std::string mark = StrUpper(*SuffixOf(kind));
   for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
     const std::string up = StrUpper(name);
-    if (up.size() < mark.size() || up.compare(up.size() - mark.size(), mark.size(), mark) != 0 || up == ownUp)
-      continue;
+    if (up.size() < mark.size() || up.compare(up.size() - mark.size(), mark.size(), mark) != 0 || up == ownUp) continue;
     const auto list = keys.find(Key(TIniParser::ipcIncludeClientsWithLeverage));
     if (list == keys.end()) continue;
     for (const std::string& item : BoardListToVector(list->second, ','))
@@ -234,11 +233,11 @@ int TTemplateClientsEditor::SetLeverages(int kind, const char* templateCode, con
 }
 
 int TTemplateClientsEditor::SetIncludeClientsWithLeverageToClientTemplate(const char* templateCode,
-                                                                         const ZDL_ArrayDoubleNumbers* leverages) {
+                                                                          const ZDL_ArrayDoubleNumbers* leverages) {
   return SetLeverages(TIniParser::TemplateClient, templateCode, leverages);
 }
 int TTemplateClientsEditor::SetIncludeClientsWithLeverageToMarginTemplate(const char* templateCode,
-                                                                         const ZDL_ArrayDoubleNumbers* leverages) {
+                                                                          const ZDL_ArrayDoubleNumbers* leverages) {
   return SetLeverages(TIniParser::TemplateMargin, templateCode, leverages);
 }
 int TTemplateClientsEditor::SetIncludeClientsWithLeverageToRestrictionTemplate(

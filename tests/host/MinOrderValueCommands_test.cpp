@@ -3,9 +3,7 @@
 // example library.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include "ModuleHarness.h"
 #include "api/CommandTable.h"
@@ -39,13 +37,6 @@ ZDL_DECLARE_RECORD(TOneClient, (std::string, firmCode), (int, settingsScope), (s
                    (std::vector<std::string>, lsClasses), (std::vector<std::string>, lsInstruments), (double, value),
                    (std::string, currency));
 
-std::string ReadSourceFile(const std::string& relative) {
-  std::ifstream in(std::string(ZDL_SOURCE_DIR) + "/" + relative, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 // An owner of rows: its scope word and its code ("" for the firm).
 struct TOwnerRow {
   const char* scope;
@@ -76,7 +67,7 @@ class MinOrderValueCommandsTest : public ::testing::Test {
     port_ = ztest::NewPort();
     dir_ = "mov" + std::to_string(port_) + "/";
     firm_ = "FM" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", ReadSourceFile("examples/server/libs/broker.ini"));
+    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
     std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
     ASSERT_EQ(Module().InitDB(list, "", port_), 1);
     ztest::ClearEvents();

@@ -96,6 +96,13 @@ int Call(const std::string& command, CAlert& message, int user, int port, const 
   return result;
 }
 
+std::string ReadSourceFile(const std::string& relative) {
+  std::ifstream in(std::string(ZDL_SOURCE_DIR) + "/" + relative, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
 int Command(int port, const std::string& command, std::vector<unsigned char>& block, int user) {
   CAlert m;
   m << command << block;

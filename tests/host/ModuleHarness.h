@@ -34,6 +34,8 @@ int NewPort();
 // Writes `content` to `relative` under the working directory; returns the full path.
 std::string WriteServerFile(const std::string& relative, const std::string& content);
 std::string ReadServerFile(const std::string& relative);
+// A file of the source tree (e.g. "examples/server/libs/broker.ini"), empty when missing.
+std::string ReadSourceFile(const std::string& relative);
 bool ServerFileExists(const std::string& relative);
 
 // Builds a request row: a nested message of a key and a value.

@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include "ModuleHarness.h"
 #include "api/CommandTable.h"
@@ -89,13 +87,6 @@ const std::vector<TFamilyRow>& Families() {
   return rows;
 }
 
-std::string ReadSourceFile(const std::string& relative) {
-  std::ifstream in(std::string(ZDL_SOURCE_DIR) + "/" + relative, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 class PriceLimitCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -103,7 +94,7 @@ class PriceLimitCommandsTest : public ::testing::Test {
     port_ = ztest::NewPort();
     dir_ = "plc" + std::to_string(port_) + "/";
     firm_ = "FP" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", ReadSourceFile("examples/server/libs/broker.ini"));
+    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
     std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
     ASSERT_EQ(Module().InitDB(list, "", port_), 1);
     ztest::ClearEvents();

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include "ModuleHarness.h"
 #include "api/AdapterRecords.h"
@@ -17,13 +15,6 @@
 namespace {
 
 using ztest::Module;
-
-std::string ReadSourceFile(const std::string& relative) {
-  std::ifstream in(std::string(ZDL_SOURCE_DIR) + "/" + relative, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 using TClients = std::vector<std::string>;
 
@@ -73,7 +64,7 @@ class TemplateClientsCommandsTest : public ::testing::Test {
     port_ = ztest::NewPort();
     dir_ = "tcl" + std::to_string(port_) + "/";
     firm_ = "FC" + std::to_string(port_);
-    std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+    std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
     ASSERT_FALSE(library.empty());
     ztest::WriteServerFile(dir_ + "broker.ini", library + "\n[BaseAssets_Template_BT]\nClients=C0005,C0006\n");
     std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");

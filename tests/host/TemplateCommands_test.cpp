@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <set>
-#include <sstream>
 
 #include "ModuleHarness.h"
 #include "api/AdapterRecords.h"
@@ -19,13 +17,6 @@ namespace {
 
 using ztest::Module;
 
-std::string ReadSourceFile(const std::string& relative) {
-  std::ifstream in(std::string(ZDL_SOURCE_DIR) + "/" + relative, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 class TemplateCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -33,7 +24,7 @@ class TemplateCommandsTest : public ::testing::Test {
     port_ = ztest::NewPort();
     dir_ = "tpl" + std::to_string(port_) + "/";
     firm_ = "FT" + std::to_string(port_);
-    std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+    std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
     ASSERT_FALSE(library.empty());
     ztest::WriteServerFile(dir_ + "broker.ini", library);
     std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
@@ -153,7 +144,7 @@ TEST_F(TemplateCommandsTest, AMissingTemplateAnswers1015AndLeavesTheBlock) {
 }
 
 TEST_F(TemplateCommandsTest, ABaseAssetsTemplateListsItsClients) {
-  std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+  std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
   ztest::WriteServerFile(dir_ + "broker.ini", library + "\n[BaseAssets_Template_BT]\nClients=C0005,C0006\n");
   ASSERT_EQ(Open(2, 1), 0);
   std::vector<std::string> clients;
@@ -270,7 +261,7 @@ TEST_F(TemplateCommandsTest, NewTemplatesAreSavedReloadedAndAudited) {
 }
 
 TEST_F(TemplateCommandsTest, AUsersSectionIsRemovedSavedAndReadBack) {
-  std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+  std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
   ztest::WriteServerFile(dir_ + "broker.ini", library + "\n[u5]\nCOMMISSION=1\n[u9]\nCOMMISSION=2\n");
   ASSERT_EQ(Open(2, 0), 0);
   TDL_StringAndArrayInt list{firm_, {}};
@@ -294,7 +285,7 @@ TEST_F(TemplateCommandsTest, AUsersSectionIsRemovedSavedAndReadBack) {
 }
 
 TEST_F(TemplateCommandsTest, TheLeveragesOfTemplatesReadTheSameAfterSaveAndReload) {
-  std::string library = ReadSourceFile("examples/server/libs/broker.ini");
+  std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
   ztest::WriteServerFile(dir_ + "broker.ini", library +
                                                   "\n[clLEV_Client_Template]\nClients=C0009\n"
                                                   "IncludeClientsWithLeverage=1.5,4\n"
