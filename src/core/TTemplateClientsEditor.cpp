@@ -52,7 +52,8 @@ std::set<std::string> TTemplateClientsEditor::ClientsOf(const std::string& secti
   return clients;
 }
 
-bool TTemplateClientsEditor::StandsInOtherTemplate(int kind, const std::string& own, const std::string& client) const {
+std::set<std::string> TTemplateClientsEditor::ClientsOfOtherTemplates(int kind, const std::string& own) const {
+  std::set<std::string> clients;
   const std::string ownUp = StrUpper(TemplateSection(kind, own));
   const std::string mark = StrUpper(kind == kBaseAssets ? Part(TIniParser::pscBaseAssets_Template_) : *SuffixOf(kind));
   for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
@@ -62,9 +63,9 @@ bool TTemplateClientsEditor::StandsInOtherTemplate(int kind, const std::string& 
     // The template's own limit kinds repeat its list: they are not another
     // template.
     if (up.rfind(ownUp + StrUpper(Part(TIniParser::psc_LimitKind_)), 0) == 0) continue;
-    if (ClientsOf(name).count(client) != 0) return true;
+    clients.merge(ClientsOf(name));
   }
-  return false;
+  return clients;
 }
 
 int TTemplateClientsEditor::CreateTemplate(int kind, const std::string& code) {
@@ -108,7 +109,7 @@ int TTemplateClientsEditor::AddItemToTemplateClients(int kind, const char* templ
   if (m_hub.GetOldParserPointer()->FindIniSectionRef(section) == nullptr) {
     if (const int created = CreateTemplate(kind, templateCode); created != ZDL_OK) return created;
   }
-  if (StandsInOtherTemplate(kind, templateCode, clientCode)) return ZDL_ALREADY_EXISTS;
+  if (ClientsOfOtherTemplates(kind, templateCode).count(clientCode) != 0) return ZDL_ALREADY_EXISTS;
   std::set<std::string> clients = ClientsOf(section);
   if (!clients.insert(clientCode).second) return ZDL_ALREADY_EXISTS;
   return WriteClients(kind, templateCode, clients);
@@ -132,10 +133,11 @@ int TTemplateClientsEditor::SetItemsToTemplateClients(int kind, const char* temp
   std::set<std::string> list;
   const uint64_t count = clients == nullptr ? 0 : clients->count;
   // Every client is checked before anything is written.
+  const std::set<std::string> taken = ClientsOfOtherTemplates(kind, templateCode);
   for (uint64_t i = 0; i < count; ++i) {
     const char* client = clients->items[i];
     if (const int checked = CheckClient(client); checked != ZDL_OK) return checked;
-    if (StandsInOtherTemplate(kind, templateCode, client)) return ZDL_ALREADY_EXISTS;
+    if (taken.count(client) != 0) return ZDL_ALREADY_EXISTS;
     list.insert(client);
   }
   const std::string section = TemplateSection(kind, templateCode);

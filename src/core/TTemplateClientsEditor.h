@@ -94,8 +94,9 @@ class TTemplateClientsEditor {
   static constexpr int kBaseAssets = 100;
 
   static bool IsKnownKind(int kind);
-  // A client in the list of any template of the kind other than `own`.
-  bool StandsInOtherTemplate(int kind, const std::string& own, const std::string& client) const;
+  // The clients in the lists of the templates of the kind other than `own`,
+  // gathered in one walk of the sections.
+  std::set<std::string> ClientsOfOtherTemplates(int kind, const std::string& own) const;
   // The template's clients: its list split at "," without the entries
   // longer than 12 characters.
   std::set<std::string> ClientsOf(const std::string& section) const;
