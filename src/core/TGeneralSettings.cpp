@@ -361,11 +361,29 @@ int TGeneralSettings::GetNumberParam(EGeneralParam code, double& out) const { re
 int TGeneralSettings::GetTextParam(EGeneralParam code, std::string& out) const { return CopyField(code, out); }
 int TGeneralSettings::GetListParam(EGeneralParam code, const TClassList*& out) const { return FindField(code, out); }
 
-int TGeneralSettings::SetFlagParam(EGeneralParam code, bool value) {
-  const bool* field = nullptr;
+template <class T>
+int TGeneralSettings::StoreField(EGeneralParam code, const T& value) {
+  const T* field = nullptr;
   const int rc = FindField(code, field);
   // The field is a member of this object, which is not const here.
-  if (rc == ZDL_OK) *const_cast<bool*>(field) = value;
+  if (rc == ZDL_OK) *const_cast<T*>(field) = value;
+  return rc;
+}
+
+int TGeneralSettings::SetFlagParam(EGeneralParam code, bool value) { return StoreField(code, value); }
+int TGeneralSettings::SetIntParam(EGeneralParam code, int value) { return StoreField(code, value); }
+
+int TGeneralSettings::SetNumberParam(EGeneralParam code, double value) {
+  const int rc = StoreField(code, value);
+  if (rc == ZDL_OK && code == gpThresMarginCoeff && m_ThresMarginCoeff < kMinThresMarginCoeff)
+    m_ThresMarginCoeff = kMinThresMarginCoeff;
+  return rc;
+}
+
+int TGeneralSettings::SetTextParam(EGeneralParam code, const std::string& value) {
+  const int rc = StoreField(code, value);
+  if (rc == ZDL_OK && code == gpBaseDiscCoeff) ParseBaseDiscCoeff();
+  if (rc == ZDL_OK && code == gpDetailedDebugLog) ParseDetailedDebugLog();
   return rc;
 }
 

@@ -141,9 +141,14 @@ class TGeneralSettings {
   [[nodiscard]] int GetNumberParam(EGeneralParam code, double& out) const;
   [[nodiscard]] int GetTextParam(EGeneralParam code, std::string& out) const;
   [[nodiscard]] int GetListParam(EGeneralParam code, const TClassList*& out) const;
-  // Sets a flag by code: 0, or 3 for a code out of range or of another kind
-  // (nothing changes then). The save writes the flag from here.
+  // Sets a parameter by code: 0, or 3 for a code out of range or of another
+  // kind (nothing changes then). The save writes the value from here. A
+  // number below 10 for ThresMarginCoeff is raised to 10, as the load does;
+  // a new BaseDiscCoeff text is read again into its coefficients.
   [[nodiscard]] int SetFlagParam(EGeneralParam code, bool value);
+  [[nodiscard]] int SetIntParam(EGeneralParam code, int value);
+  [[nodiscard]] int SetNumberParam(EGeneralParam code, double value);
+  [[nodiscard]] int SetTextParam(EGeneralParam code, const std::string& value);
 
   // The code of a parameter by section and key, both ignoring case; false if
   // the table has no such row.
@@ -226,6 +231,8 @@ class TGeneralSettings {
   int FindField(EGeneralParam code, const T*& out) const;
   template <class T>
   int CopyField(EGeneralParam code, T& out) const;
+  template <class T>
+  int StoreField(EGeneralParam code, const T& value);
 
 #define ZDL_GENERAL_PARAM(field, key, section, kind, def) TGeneralParamType<EGeneralParamKind::kind>::type m_##field{};
 #include "core/GeneralParams.def"

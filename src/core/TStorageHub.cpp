@@ -19,7 +19,6 @@ constexpr unsigned kParserFlags = 1;
 constexpr std::size_t kClientCodeMaxLength = 12;
 
 constexpr const char* kGeneralSection = "General";
-constexpr const char* kUsePGOParam = "UsePGO";
 constexpr const char* kPreTradePrefixUp = "PRETRADE_";
 constexpr const char* kChangeFutClientCodesUp = "CHANGEFUTCLIENTCODES";
 
@@ -416,32 +415,6 @@ void TStorageHub::ParseInstrumentGroups(const TIniKeyMap& keys, TInstrumentGroup
 void TStorageHub::ParseComplexInstruments(const TIniKeyMap& keys) { ParseInstrumentGroups(keys, m_complexInstruments); }
 void TStorageHub::ParseGroupsOfInstrumentsAndClasses(const TIniKeyMap& keys) {
   ParseInstrumentGroups(keys, m_groupsOfInstrumentsAndClasses);
-}
-
-// ---- Direct parameters ----
-
-int TStorageHub::GetUsePGOFromGlobal(bool* value) const {
-  if (value == nullptr) return ZDL_BAD_ARGUMENT;
-  const DL::TIniKeyMap* general = m_parser->FindIniSectionRef(kGeneralSection);
-  if (general == nullptr) return ZDL_NOT_FOUND;
-  auto param = general->find(kUsePGOParam);
-  *value = param != general->end() && std::strtol(param->second.c_str(), nullptr, 10) != 0;
-  return ZDL_OK;
-}
-
-int TStorageHub::SetUsePGOToGlobal(int value) {
-  if (value < 0 || value > 1) return ZDL_BAD_ARGUMENT;
-  auto general = m_parser->FindOrCreateIniSection(kGeneralSection);
-  if (value == 1)
-    m_parser->SetIniParam(general, kUsePGOParam, "1");
-  else
-    general->second.erase(kUsePGOParam);
-  return ZDL_OK;
-}
-
-void TStorageHub::SetCalcNegDealToGlobal(bool value) {
-  (void)m_general.SetFlagParam(gpCalcNegDeal, value);
-  m_parser->FindOrCreateIniSection(kGeneralSection);
 }
 
 // ---- Rendering ----

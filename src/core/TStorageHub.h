@@ -99,6 +99,8 @@ class TStorageHub : public IFirmSettings {
   friend class TTemplateClientsEditor;
   // Has the security restrictions cache read edited price limits anew.
   friend class TPriceLimitEditor;
+  // Edits the firm's single values in their homes.
+  friend class TGlobalParameterEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
@@ -209,16 +211,6 @@ class TStorageHub : public IFirmSettings {
 
   // Client template names found in step 10.
   const std::vector<TClientTemplateNames>& GetClientTemplateNames() const { return m_clientTemplateNames; }
-
-  // "UsePGO" of section "General", a raw parameter of the section map: an edit
-  // is seen by the next read and the next save (the general parameters keep
-  // the value read at load until a reload).
-  [[nodiscard]] int GetUsePGOFromGlobal(bool* value) const;
-  [[nodiscard]] int SetUsePGOToGlobal(int value);
-  // "CalcNegDeal" of "General" in the parsed model; the next save writes
-  // this value, whatever the text said at load. The section is entered in
-  // the section map when the text had none, so that the save visits it.
-  void SetCalcNegDealToGlobal(bool value);
 
   // The whole settings text in canonical form, as a zero-terminated string of
   // this firm's memory (*out; give it back with FreeMemory). 0 on success, 3

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "core/SavedText.h"
 
@@ -64,7 +65,7 @@ namespace {
 TEST(HubSaveModelTest, AFlagSetInTheModelStandsInTheTextAndTheLoadedValueDoesNotReturn) {
   TStorageHub hub("[General]\nCalcNegDeal=1\nCALCVARMARGIN=1\n", 2);
   ASSERT_TRUE(hub.General().GetCalcNegDeal());
-  hub.SetCalcNegDealToGlobal(false);
+  ASSERT_EQ(DL::TGlobalParameterEditor(hub).SetCalcNegDealToGlobal(false), 0);
   const std::string saved = ztest::SavedText(hub);
   EXPECT_EQ(saved.find("CalcNegDeal"), std::string::npos) << saved;
   TStorageHub reloaded(saved.c_str(), 2);
@@ -74,7 +75,7 @@ TEST(HubSaveModelTest, AFlagSetInTheModelStandsInTheTextAndTheLoadedValueDoesNot
 
 TEST(HubSaveModelTest, AFlagSetOnAFirmWithoutItIsWritten) {
   TStorageHub hub("", 2);
-  hub.SetCalcNegDealToGlobal(true);
+  ASSERT_EQ(DL::TGlobalParameterEditor(hub).SetCalcNegDealToGlobal(true), 0);
   EXPECT_EQ(ztest::SavedText(hub), "[General]\r\nCalcNegDeal=1\r\n\r\n");
 }
 

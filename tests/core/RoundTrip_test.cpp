@@ -12,6 +12,7 @@
 
 #include "base/TextHelpers.h"
 #include "core/SavedText.h"
+#include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 
 namespace {
@@ -244,7 +245,7 @@ TEST(RoundTripTest, ASecondClientValueSectionStaysAnOrdinarySection) {
 
 TEST(RoundTripTest, AnEditOfARawParameterReachesTheSavedText) {
   TStorageHub hub("[General]\nCALCVARMARGIN=1\n", 2);
-  ASSERT_EQ(hub.SetUsePGOToGlobal(1), 0);
+  ASSERT_EQ(DL::TGlobalParameterEditor(hub).SetUsePGOToGlobal(1), 0);
   EXPECT_EQ(Save(hub), "[General]\r\nCALCVARMARGIN=1\r\nUsePGO=1\r\n\r\n");
 }
 

@@ -9,6 +9,7 @@
 #include "core/TFirmManager.h"
 #include "core/TInfoStorage.h"
 #include "core/SavedText.h"
+#include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "base/ResultCodes.h"
 #include "ini/TIniParser.h"
@@ -439,7 +440,7 @@ TEST(HubInitLiteTest, TakesTheRestrictionTemplatesAndLeavesOtherSectionsInForce)
   EXPECT_EQ(hub.GetParser().GetRestrictionTemplateSettings().count("NEW"), 1u);
   EXPECT_EQ(hub.GetParser().GetRestrictionTemplateSettings().count("OLD"), 0u);
   bool usePGO = false;
-  EXPECT_EQ(hub.GetUsePGOFromGlobal(&usePGO), ZDL_OK);
+  EXPECT_EQ(DL::TGlobalParameterEditor(hub).GetUsePGOFromGlobal(&usePGO), ZDL_OK);
   EXPECT_TRUE(usePGO);
 }
 

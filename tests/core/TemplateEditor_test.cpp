@@ -7,6 +7,7 @@
 
 #include "base/ResultCodes.h"
 #include "core/TInfoStorage.h"
+#include "core/TGlobalParameterEditor.h"
 #include "core/TTemplateEditor.h"
 
 namespace {
@@ -92,7 +93,7 @@ TEST(TemplateEditor, TheFullTextIsTheSavedTextAndSeesEdits) {
   EXPECT_NE(text.find("[clRETAIL_Client_Template]"), std::string::npos);
   EXPECT_NE(text.find("UsePGO=1"), std::string::npos);
   // An edit of the map is in the next full text.
-  ASSERT_EQ(storage.Hub().SetUsePGOToGlobal(0), ZDL_OK);
+  ASSERT_EQ(DL::TGlobalParameterEditor(storage.Hub()).SetUsePGOToGlobal(0), ZDL_OK);
   char* after = nullptr;
   ASSERT_EQ(storage.GetFullDealerLibrarySettings(&after), ZDL_OK);
   EXPECT_EQ(std::string(after).find("UsePGO"), std::string::npos);

@@ -77,10 +77,10 @@ TEST_F(RemoteCallTest, AFileVerbListsTheLibraries) {
 }
 
 TEST_F(RemoteCallTest, ACommandTheModuleDoesNotServeIsNamedSo) {
-  const ztest::TRun run = Zentdl({"call", "--library", "ALPHA", "GetManagerCanClosePosFromGlobal"});
+  const ztest::TRun run = Zentdl({"call", "--library", "ALPHA", "AddPortfolioRiskConfigTemplate"});
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_EQ(run.err,
-            "zentdl: GetManagerCanClosePosFromGlobal: result 1: unknown command: the module does not serve this "
+            "zentdl: AddPortfolioRiskConfigTemplate: result 1: unknown command: the module does not serve this "
             "command of the table\n");
 }
 
