@@ -196,6 +196,20 @@ int TGlobalParameterEditor::SetUniversalChar(int number, const char* value) {
   return rc;
 }
 
+// ---- Groups removed whole ----
+
+int TGlobalParameterEditor::RemoveBaseDiscCoeffFromGlobal() {
+  if (m_hub.m_general.GetBaseDiscCoeffs().empty()) return ZDL_NOT_FOUND;
+  return m_hub.m_general.SetTextParam(gpBaseDiscCoeff, std::string());
+}
+
+int TGlobalParameterEditor::RemoveVolatilityChangeScenariosFromGlobal() {
+  const std::string key = TIniParser::GetIniParamCode(TIniParser::ipcVolatilityChangeScenarios);
+  TIniKeyMap* general = m_hub.m_parser->FindIniSectionRef(GeneralSection());
+  if (general == nullptr || general->erase(key) == 0) return ZDL_NOT_FOUND;
+  return ZDL_OK;
+}
+
 // ---- Values the hub parses itself ----
 
 int TGlobalParameterEditor::GetHub(THubValue value, bool* out) const {

@@ -76,6 +76,10 @@ class TGlobalParameterEditor {
 #undef ZDL_GLOBAL_OUT_Scenarios
 #undef ZDL_GLOBAL_IN_Scenarios
 
+  // The coefficients and the scenarios removed whole: 4 when there is none.
+  [[nodiscard]] int RemoveBaseDiscCoeffFromGlobal();
+  [[nodiscard]] int RemoveVolatilityChangeScenariosFromGlobal();
+
  private:
   enum class ECheck { Any, NotNegative, NettingType };
   // The row's check on a whole number or a number; the value kinds' own

@@ -196,4 +196,19 @@ TEST(GlobalParameterEditorTest, ExtendedSubClientIsWrittenFromTheHub) {
   EXPECT_EQ(ztest::SavedText(hub), "");
 }
 
+TEST(GlobalParameterEditorTest, TheGroupsOfNumbersAreRemovedWholeOnce) {
+  TStorageHub hub("[General]\nBaseDiscCoeff=20,30\nVolatilityChangeScenarios=1,2\nCALCVARMARGIN=1\n", 2);
+  TGlobalParameterEditor editor(hub);
+  ASSERT_EQ(editor.RemoveBaseDiscCoeffFromGlobal(), ZDL_OK);
+  EXPECT_EQ(editor.RemoveBaseDiscCoeffFromGlobal(), ZDL_NOT_FOUND);
+  ASSERT_EQ(editor.RemoveVolatilityChangeScenariosFromGlobal(), ZDL_OK);
+  EXPECT_EQ(editor.RemoveVolatilityChangeScenariosFromGlobal(), ZDL_NOT_FOUND);
+  ZDL_BaseDiscCoeff coeffs{};
+  ASSERT_EQ(editor.GetBaseDiscCoeffFromGlobal(&coeffs), ZDL_OK);
+  EXPECT_EQ(coeffs.coeff1, -1.0);
+  EXPECT_EQ(ztest::SavedText(hub), "[General]\r\nCALCVARMARGIN=1\r\n\r\n");
+  TStorageHub none("", 2);
+  EXPECT_EQ(TGlobalParameterEditor(none).RemoveVolatilityChangeScenariosFromGlobal(), ZDL_NOT_FOUND);
+}
+
 }  // namespace

@@ -322,6 +322,25 @@ TEST_F(GlobalParameterCommandsTest, ARefusedValueChangesNothingAndLeavesNoChange
   for (const std::string& lines : ChangeLines()) EXPECT_EQ(lines, "");
 }
 
+TEST_F(GlobalParameterCommandsTest, TheGroupsOfNumbersAreRemovedWhole) {
+  TDL_String firm{firm_};
+  ASSERT_EQ(ztest::Command(port_, "RemoveVolatilityChangeScenariosFromGlobal", firm, kUser), 0);
+  EXPECT_EQ(ztest::Command(port_, "RemoveVolatilityChangeScenariosFromGlobal", firm, kUser), 1004);
+  TValue v;
+  EXPECT_EQ(Get({"VolatilityChangeScenarios", EValue::Scenarios}, v), 1004);
+  EXPECT_EQ(ztest::Command(port_, "RemoveBaseDiscCoeffFromGlobal", firm, kUser), 1004);
+  TValue coeffs;
+  coeffs.a = 30;
+  coeffs.b = coeffs.c = -1;
+  ASSERT_EQ(Set({"BaseDiscCoeff", EValue::DiscCoeff}, coeffs), 0);
+  ASSERT_EQ(ztest::Command(port_, "RemoveBaseDiscCoeffFromGlobal", firm, kUser), 0);
+  ASSERT_EQ(Get({"BaseDiscCoeff", EValue::DiscCoeff}, v), 0);
+  EXPECT_EQ(v.a, -1);
+  const std::string saved = Save();
+  EXPECT_EQ(saved.find("BaseDiscCoeff"), std::string::npos);
+  EXPECT_EQ(saved.find("VolatilityChangeScenarios"), std::string::npos);
+}
+
 TEST_F(GlobalParameterCommandsTest, TheCommissionScaleNeedsRowsInTheFirmsScale) {
   // A library whose firm scale has no rows.
   const std::string dir = "gpe" + std::to_string(port_) + "/";
