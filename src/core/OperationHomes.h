@@ -7,6 +7,7 @@
 // TInfoStorage sees them all.
 #include "core/TChangeFutClientCodesEditor.h"
 #include "core/TClientListsEditor.h"
+#include "core/TGlobalListEditor.h"
 #include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "core/TMinOrderValueEditor.h"

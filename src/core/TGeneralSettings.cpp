@@ -373,6 +373,8 @@ int TGeneralSettings::StoreField(EGeneralParam code, const T& value) {
 int TGeneralSettings::SetFlagParam(EGeneralParam code, bool value) { return StoreField(code, value); }
 int TGeneralSettings::SetIntParam(EGeneralParam code, int value) { return StoreField(code, value); }
 
+int TGeneralSettings::SetListParam(EGeneralParam code, const TClassList& value) { return StoreField(code, value); }
+
 int TGeneralSettings::SetNumberParam(EGeneralParam code, double value) {
   const int rc = StoreField(code, value);
   if (rc == ZDL_OK && code == gpThresMarginCoeff && m_ThresMarginCoeff < kMinThresMarginCoeff)

@@ -149,6 +149,8 @@ class TGeneralSettings {
   [[nodiscard]] int SetIntParam(EGeneralParam code, int value);
   [[nodiscard]] int SetNumberParam(EGeneralParam code, double value);
   [[nodiscard]] int SetTextParam(EGeneralParam code, const std::string& value);
+  // Any of the three list kinds; the list is kept as given.
+  [[nodiscard]] int SetListParam(EGeneralParam code, const TClassList& value);
 
   // The code of a parameter by section and key, both ignoring case; false if
   // the table has no such row.

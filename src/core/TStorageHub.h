@@ -101,6 +101,8 @@ class TStorageHub : public IFirmSettings {
   friend class TPriceLimitEditor;
   // Edits the firm's single values in their homes.
   friend class TGlobalParameterEditor;
+  // Edits the firm's lists in their homes.
+  friend class TGlobalListEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
