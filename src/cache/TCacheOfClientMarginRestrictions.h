@@ -83,6 +83,17 @@ class TCacheOfClientMarginRestrictions : public AIniSettingCacheMaster<TClientMa
 
   // Enters a template, not parsed: its object is made on first use.
   void AddTemplate(const std::string& templ);
+  // Forget the parsed object of an edited margin section of a client or a
+  // template, and every client's resolution: the next query parses the
+  // section as it stands, and the save copies it as it stands until then.
+  void ForgetParsedClientSettings(const std::string& client) {
+    m_clients.Drop(client);
+    Items().clear();
+  }
+  void ForgetParsedTemplateSettings(const std::string& templ) {
+    m_templates.Drop(templ);
+    Items().clear();
+  }
   // Drops the parsed object of a template: 0, or 15 for an unknown
   // template, changing nothing.
   [[nodiscard]] int RemoveParsedTemplateSettings(const std::string& templ);

@@ -32,6 +32,14 @@ class TCacheOfClientSettings : public AIniSettingCacheMaster<TClientCommSettings
   // The scale jump flag of the firm's settings.
   void SetCommScaleJump(bool value);
 
+  // Forgets the parsed object of an edited client or client template
+  // section and every client's resolution, so that the next query parses the
+  // section as it stands.
+  void ForgetParsedSection(const std::string& section) {
+    m_parsed.Remove(section);
+    Items().clear();
+  }
+
   const TIniLogicParser& LogicParser() const { return m_logic; }
   const TParsedSections<TClientCommSettings>& ParsedSections() const { return m_parsed; }
 

@@ -11,6 +11,7 @@
 #include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "core/TMinOrderValueEditor.h"
+#include "core/TOwnerParameterEditor.h"
 #include "core/TPriceLimitEditor.h"
 #include "core/TTemplateClientsEditor.h"
 #include "core/TTemplateEditor.h"

@@ -24,19 +24,6 @@ bool IsDiscCoeffAllowed(double coeff) { return coeff == -1.0 || (coeff > 0.0 && 
 
 }  // namespace
 
-bool TGlobalParameterEditor::Allows(ECheck check, double value) {
-  if (!std::isfinite(value)) return false;
-  switch (check) {
-    case ECheck::NotNegative:
-      return value >= 0.0;
-    case ECheck::NettingType:
-      return value >= 0.0 && value <= 2.0;
-    case ECheck::Any:
-      break;
-  }
-  return true;
-}
-
 void TGlobalParameterEditor::TouchGeneral() { m_hub.m_parser->FindOrCreateIniSection(GeneralSection()); }
 
 // ---- Raw parameters of "General" ----

@@ -14,6 +14,7 @@
 // of numbers gives 4. Any other home always holds a value.
 #include "base/ApiRecords.h"
 #include "core/TStorageHub.h"
+#include "core/ValueChecks.h"
 
 namespace DL {
 
@@ -58,7 +59,7 @@ class TGlobalParameterEditor {
   }                                                                                 \
   [[nodiscard]] int Set##stem##ToGlobal(ZDL_GLOBAL_IN_##value in) {                 \
     using namespace UniversalNumber;                                                \
-    if (!Allows(ECheck::check, in)) return ZDL_BAD_ARGUMENT;                        \
+    if (!Allows(EValueCheck::check, in)) return ZDL_BAD_ARGUMENT;                        \
     return Set##home##value(key, in);                                               \
   }
 #include "core/GlobalParameters.def"
@@ -81,13 +82,12 @@ class TGlobalParameterEditor {
   [[nodiscard]] int RemoveVolatilityChangeScenariosFromGlobal();
 
  private:
-  enum class ECheck { Any, NotNegative, NettingType };
   // The row's check on a whole number or a number; the value kinds' own
   // rules are the Set functions'.
-  static bool Allows(ECheck check, double value);
-  static bool Allows(ECheck, const ZDL_BaseDiscCoeff&) { return true; }
-  static bool Allows(ECheck, const ZDL_VolatilityChangeScenarios&) { return true; }
-  static bool Allows(ECheck, const char*) { return true; }
+  static bool Allows(EValueCheck check, double value) { return IsValueAllowed(check, value); }
+  static bool Allows(EValueCheck, const ZDL_BaseDiscCoeff&) { return true; }
+  static bool Allows(EValueCheck, const ZDL_VolatilityChangeScenarios&) { return true; }
+  static bool Allows(EValueCheck, const char*) { return true; }
 
   // A raw parameter of "General" named `key`.
   int GetRaw(const char* key, bool* out) const;

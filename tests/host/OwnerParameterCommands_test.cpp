@@ -1,0 +1,177 @@
+// The single values of clients and templates end to end through Execute, one
+// round trip per row of the table: set a value that differs, read it back,
+// save by "DLUpdateFile", reload, read again; the saved text is a fixed
+// point. Unknown owners and refused values change nothing.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "ModuleHarness.h"
+#include "api/AdapterRecords.h"
+#include "api/CommandTable.h"
+#include "api/FileVerbRecords.h"
+
+namespace {
+
+using ztest::Module;
+
+struct TOwnerRow {
+  std::string stem, scope, owner, value;
+};
+
+const std::vector<TOwnerRow>& Rows() {
+  static const std::vector<TOwnerRow> rows = {
+#define ZDL_OWNER_PARAMETER(stem, scope, owner, value, key, check) {#stem, #scope, #owner, #value},
+#include "core/OwnerParameters.def"
+#undef ZDL_OWNER_PARAMETER
+  };
+  return rows;
+}
+
+// An owner of each kind in the example library, and one it does not have
+// with the result that says so.
+struct TOwnerCodes {
+  std::string code, missing;
+  int missingResult, tooLongResult;
+};
+const std::map<std::string, TOwnerCodes>& Owners() {
+  static const std::map<std::string, TOwnerCodes> owners = {
+      {"ClientMargin", {"C0003", "C0001", 1020, 1010}},
+      {"MarginTemplate", {"QUAL", "RETAIL", 1015, 1021}},
+      {"Client", {"C0001", "C0002", 1020, 1010}},
+      {"ClientTemplate", {"RETAIL", "QUAL", 1015, 1021}},
+  };
+  return owners;
+}
+
+class OwnerParameterCommandsTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ztest::ResetRecordedCalls();
+    port_ = ztest::NewPort();
+    dir_ = "op" + std::to_string(port_) + "/";
+    firm_ = "FO" + std::to_string(port_);
+    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
+    std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
+    ASSERT_EQ(Module().InitDB(list, "", port_), 1);
+    Open();
+  }
+  void Open() {
+    TDL_DLOpenFile open{firm_, 0};
+    ASSERT_EQ(ztest::Command(port_, "DLOpenFile", open, kUser), 0);
+  }
+  std::string Save() {
+    TDL_DLUpdateFile update{firm_};
+    EXPECT_EQ(ztest::Command(port_, "DLUpdateFile", update, kUser), 0);
+    return ztest::ReadServerFile(dir_ + "broker.ini");
+  }
+  std::string SaveAndReload() {
+    const std::string saved = Save();
+    TDL_DLCloseFile close{firm_};
+    EXPECT_EQ(ztest::Command(port_, "DLCloseFile", close, kUser), 0);
+    Open();
+    return saved;
+  }
+  static bool IsNumber(const TOwnerRow& row) { return row.value == "Number"; }
+
+  // The value as a double, whatever its kind.
+  int Get(const TOwnerRow& row, const std::string& code, double& out) {
+    const std::string command = "Get" + row.stem + "From" + row.scope;
+    if (IsNumber(row)) {
+      TDL_TwoStringsAndDouble r{firm_, code, 0};
+      const int rc = ztest::Command(port_, command, r, kUser);
+      out = r.doubleParam1;
+      return rc;
+    }
+    TDL_TwoStringsAndInt r{firm_, code, 0};
+    const int rc = ztest::Command(port_, command, r, kUser);
+    out = r.intParam1;
+    return rc;
+  }
+  int Set(const TOwnerRow& row, const std::string& code, double value) {
+    const std::string command = "Set" + row.stem + "To" + row.scope;
+    if (IsNumber(row)) {
+      TDL_TwoStringsAndDouble r{firm_, code, value};
+      return ztest::Command(port_, command, r, kUser);
+    }
+    TDL_TwoStringsAndInt r{firm_, code, static_cast<int>(value)};
+    return ztest::Command(port_, command, r, kUser);
+  }
+
+  static constexpr int kUser = 2;
+  int port_ = 0;
+  std::string dir_, firm_;
+};
+
+TEST_F(OwnerParameterCommandsTest, EveryRowIsServedByItsCommands) {
+  for (const TOwnerRow& row : Rows()) {
+    EXPECT_TRUE(Owners().count(row.owner)) << row.owner;
+    for (const std::string& name : {"Get" + row.stem + "From" + row.scope, "Set" + row.stem + "To" + row.scope}) {
+      const DL::TCommandRow* command = DL::FindCommand(name);
+      ASSERT_NE(command, nullptr) << name;
+      EXPECT_NE(command->handler, nullptr) << name;
+    }
+  }
+}
+
+TEST_F(OwnerParameterCommandsTest, EveryValueRoundTripsThroughTheSavedText) {
+  for (const TOwnerRow& row : Rows()) {
+    SCOPED_TRACE(row.stem + " of " + row.scope);
+    const std::string& code = Owners().at(row.owner).code;
+    double before = 0;
+    const int rc = Get(row, code, before);
+    ASSERT_TRUE(rc == 0 || (rc == 1004 && row.value != "Inherit")) << rc;
+    const double wanted = IsNumber(row) ? (before == 0.25 ? 0.5 : 0.25) : (before == 1 ? 2 : 1);
+    ASSERT_EQ(Set(row, code, wanted), 0);
+    double read = 0;
+    ASSERT_EQ(Get(row, code, read), 0);
+    EXPECT_EQ(read, wanted);
+    const std::string saved = SaveAndReload();
+    ASSERT_EQ(Get(row, code, read), 0);
+    EXPECT_EQ(read, wanted);
+    EXPECT_EQ(Save(), saved);
+  }
+}
+
+TEST_F(OwnerParameterCommandsTest, AnInheritedValueLeavesNoKey) {
+  for (const TOwnerRow& row : Rows()) {
+    if (row.value != "Inherit") continue;
+    SCOPED_TRACE(row.stem + " of " + row.scope);
+    const std::string& code = Owners().at(row.owner).code;
+    ASSERT_EQ(Set(row, code, -1), 0);
+    double read = 0;
+    ASSERT_EQ(Get(row, code, read), 0);
+    EXPECT_EQ(read, -1);
+    ASSERT_EQ(Set(row, code, -2), 0);
+    ASSERT_EQ(Get(row, code, read), 0);
+    EXPECT_EQ(read, -2);
+  }
+  // The client's margin section held only the key, and a section left
+  // empty is not written.
+  const std::string saved = Save();
+  EXPECT_EQ(saved.find("UseDiscountsType"), std::string::npos) << saved;
+  EXPECT_EQ(saved.find("[clC0003_Margin]"), std::string::npos) << saved;
+}
+
+TEST_F(OwnerParameterCommandsTest, AnUnknownOrLongOwnerAndARefusedValueChangeNothing) {
+  const std::string before = Save();
+  for (const TOwnerRow& row : Rows()) {
+    SCOPED_TRACE(row.stem + " of " + row.scope);
+    const TOwnerCodes& owner = Owners().at(row.owner);
+    double read = 0;
+    EXPECT_EQ(Get(row, owner.missing, read), owner.missingResult);
+    EXPECT_EQ(Set(row, owner.missing, 1), owner.missingResult);
+    EXPECT_EQ(Get(row, "ABCDEFGHIJKLM", read), owner.tooLongResult);
+    EXPECT_EQ(Set(row, "ABCDEFGHIJKLM", 1), owner.tooLongResult);
+    EXPECT_EQ(Set(row, "", 1), 1003);
+    EXPECT_EQ(Set(row, owner.code, -3), 1003);
+    if (row.stem == "MDPlusDefaultNettingType") {
+      EXPECT_EQ(Set(row, owner.code, 3), 1003);
+    }
+  }
+  EXPECT_EQ(Save(), before);
+}
+
+}  // namespace
