@@ -3,36 +3,15 @@
 #include <algorithm>
 #include <cstring>
 
-#include "base/CodeLengths.h"
 #include "base/ResultCodes.h"
 #include "base/TMemory.h"
 #include "base/TextHelpers.h"
+#include "core/ValueChecks.h"
 #include "ini/IniSectCodes.h"
 
 namespace DL {
 
 namespace {
-
-enum class EItem { Class, Client, TrdAcc, Partner, Tag, Type };
-
-int CheckCode(EItem kind, const char* item) {
-  if (item == nullptr || *item == '\0' || std::strchr(item, ',') != nullptr) return ZDL_BAD_ARGUMENT;
-  switch (kind) {
-    case EItem::Class:
-      return IsClassCodeLengthGreaterMaxLength(item) ? ZDL_CLASS_CODE_TOO_LONG : ZDL_OK;
-    case EItem::Client:
-      return IsClientCodeLengthGreaterMaxLength(item) ? ZDL_CLIENT_CODE_TOO_LONG : ZDL_OK;
-    case EItem::TrdAcc:
-      return IsTradeAccountLengthGreaterMaxLength(item) ? ZDL_TRADE_ACCOUNT_TOO_LONG : ZDL_OK;
-    case EItem::Partner:
-      return IsPartnerCodeLengthGreaterMaxLength(item) ? ZDL_PARTNER_CODE_TOO_LONG : ZDL_OK;
-    case EItem::Tag:
-      return IsTagCodeLengthGreaterMaxLength(item) ? ZDL_TAG_TOO_LONG : ZDL_OK;
-    case EItem::Type:
-      return ZDL_OK;
-  }
-  return ZDL_BAD_ARGUMENT;
-}
 
 std::string Join(const std::vector<std::string>& items) {
   std::string text;
@@ -67,7 +46,7 @@ int TGlobalListEditor::CheckItem(EGlobalList list, const char* item) {
   switch (list) {
 #define ZDL_GLOBAL_LIST(list, home, where, item_kind) \
   case EGlobalList::list:                             \
-    return CheckCode(EItem::item_kind, item);
+    return CheckListItem(EListItem::item_kind, item);
 #define ZDL_GLOBAL_LIST_COMMAND(verb, command, list)
 #include "core/GlobalLists.def"
 #undef ZDL_GLOBAL_LIST_COMMAND

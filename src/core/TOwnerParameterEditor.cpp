@@ -1,11 +1,16 @@
 #include "core/TOwnerParameterEditor.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 #include "base/CodeLengths.h"
 #include "base/ResultCodes.h"
+#include "base/TMemory.h"
 #include "base/TextHelpers.h"
+#include "base/TClassList.h"
 #include "cache/TCacheOfClientMarginRestrictions.h"
+#include "cache/TCacheOfSecurityRestrictions.h"
 #include "commission/TCacheOfClientSettings.h"
 
 namespace DL {
@@ -72,6 +77,8 @@ void TOwnerParameterEditor::Forget(EOwner owner, const std::string& code, const 
     case EOwner::Client:
     case EOwner::ClientTemplate:
       m_hub.GetClientSettingsCache().ForgetParsedSection(section);
+      if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache())
+        cache->ForgetParsedSection(section);
       break;
   }
 }
@@ -147,6 +154,40 @@ int TOwnerParameterEditor::SetNumber(EOwner owner, const char* code, const char*
   if (Keys(owner, code, result) == nullptr) return result;
   if (!IsValueAllowed(check, value)) return ZDL_BAD_ARGUMENT;
   return Write(owner, code, key, DoubleToString(value));
+}
+
+// ---- Lists ----
+
+int TOwnerParameterEditor::GetList(EOwner owner, const char* code, const char* key, ZDL_ArrayStrings** out) const {
+  std::string name;
+  if (int r = Section(owner, code, name); r != ZDL_OK) return r;
+  if (out == nullptr) return ZDL_BAD_ARGUMENT;
+  int result = ZDL_OK;
+  const TIniKeyMap* keys = Keys(owner, code, result);
+  if (keys == nullptr) return result;
+  const auto it = keys->find(key);
+  const std::vector<std::string> items =
+      it == keys->end() ? std::vector<std::string>() : TClassList(it->second, TClassList::NoRepeats).Items();
+  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
+  for (std::size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
+  *out = array;
+  return ZDL_OK;
+}
+
+int TOwnerParameterEditor::SetList(EOwner owner, const char* code, const char* key, EListItem item,
+                                   ZDL_ArrayStrings* items) {
+  int result = ZDL_OK;
+  if (Keys(owner, code, result) == nullptr) return result;
+  if (items == nullptr) return ZDL_BAD_ARGUMENT;
+  std::vector<std::string> list;
+  for (std::uint64_t i = 0; i < items->count; ++i) {
+    const char* text = items->items == nullptr ? nullptr : items->items[i];
+    if (int r = CheckListItem(item, text); r != ZDL_OK) return r;
+    if (std::find(list.begin(), list.end(), text) == list.end()) list.emplace_back(text);
+  }
+  std::string joined;
+  for (const std::string& one : list) joined += (joined.empty() ? "" : ",") + one;
+  return Write(owner, code, key, joined);
 }
 
 }  // namespace DL

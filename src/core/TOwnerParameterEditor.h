@@ -3,7 +3,7 @@
 // commands: one Get and one Set per row of core/OwnerParameters.def. Built
 // over the hub for one call; it keeps no state.
 //
-// A value is a raw parameter of the owner's section, which the save copies
+// A value or a list is a raw parameter of the owner's section, which the save copies
 // as it stands. After an edit the caches that parse that section forget what
 // they parsed of it (and every client's resolution), so the next query reads
 // the section as it now stands.
@@ -13,6 +13,7 @@
 // owner's section (20 for a client, 15 for a template), the value (3).
 #include <string>
 
+#include "base/ApiRecords.h"
 #include "core/TStorageHub.h"
 #include "core/ValueChecks.h"
 
@@ -37,8 +38,16 @@ class TOwnerParameterEditor {
   [[nodiscard]] int Set##stem##To##scope(const char* code, ZDL_OWNER_IN_##value in) {              \
     return Set##value(EOwner::owner, code, key, EValueCheck::check, in);                                 \
   }
+#define ZDL_OWNER_LIST(stem, scope, owner, key, item)                                                  \
+  [[nodiscard]] int Get##stem##From##scope(const char* code, ZDL_ArrayStrings** out) const {         \
+    return GetList(EOwner::owner, code, key, out);                                                    \
+  }                                                                                                   \
+  [[nodiscard]] int Set##stem##To##scope(const char* code, ZDL_ArrayStrings* items) {                \
+    return SetList(EOwner::owner, code, key, EListItem::item, items);                                 \
+  }
 #include "core/OwnerParameters.def"
 #undef ZDL_OWNER_PARAMETER
+#undef ZDL_OWNER_LIST
 #undef ZDL_OWNER_OUT_Inherit
 #undef ZDL_OWNER_IN_Inherit
 #undef ZDL_OWNER_OUT_Int
@@ -60,6 +69,8 @@ class TOwnerParameterEditor {
   int SetInt(EOwner owner, const char* code, const char* key, EValueCheck check, int value);
   int GetNumber(EOwner owner, const char* code, const char* key, double* out) const;
   int SetNumber(EOwner owner, const char* code, const char* key, EValueCheck check, double value);
+  int GetList(EOwner owner, const char* code, const char* key, ZDL_ArrayStrings** out) const;
+  int SetList(EOwner owner, const char* code, const char* key, EListItem item, ZDL_ArrayStrings* items);
   // Writes (or, for an empty text, erases) the key and has the caches forget.
   int Write(EOwner owner, const char* code, const char* key, const std::string& text);
 

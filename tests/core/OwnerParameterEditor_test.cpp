@@ -89,4 +89,21 @@ TEST(OwnerParameterEditorTest, ChecksComeInOrderAndARefusalChangesNothing) {
   EXPECT_EQ(ztest::SavedText(storage.Hub()), ztest::SavedText(untouched.Hub()));
 }
 
+TEST(OwnerParameterEditorTest, AListEditOfAParsedClientIsWhatTheSaveWrites) {
+  TInfoStorage storage("[clC1]\nAllowedPartners=P1\nMaxOrderQuantity_TQBR=10\n", 2, false);
+  // Parses the client's section into the security restrictions cache.
+  (void)storage.IsSecurityAllowed("C1", "TQBR", "SBER", -1.0);
+  ASSERT_NE(storage.Hub().GetSecurityRestrictionsCache()->FindParsedSection("clC1"), nullptr);
+  ZDL_ArrayStrings* partners = storage.Hub().GetMemory().ConstructArray<ZDL_ArrayStrings>(2);
+  partners->items[0] = ZDLPlain::NewText("P2");
+  partners->items[1] = ZDLPlain::NewText("P3");
+  ASSERT_EQ(TOwnerParameterEditor(storage.Hub()).SetAllowedPartnersToClientSettings("C1", partners), ZDL_OK);
+  void* block = partners;
+  EXPECT_EQ(storage.Hub().GetMemory().FreeMemory(&block), 0);
+  EXPECT_EQ(storage.Hub().GetSecurityRestrictionsCache()->FindParsedSection("clC1"), nullptr);
+  const std::string saved = ztest::SavedText(storage.Hub());
+  EXPECT_NE(saved.find("AllowedPartners=P2,P3\r\n"), std::string::npos) << saved;
+  EXPECT_EQ(saved.find("P1"), std::string::npos) << saved;
+}
+
 }  // namespace

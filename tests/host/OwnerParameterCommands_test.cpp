@@ -18,16 +18,34 @@ namespace {
 using ztest::Module;
 
 struct TOwnerRow {
-  std::string stem, scope, owner, value;
+  std::string stem, scope, owner, value, item;  // item: the code kind of a list's items
 };
 
 const std::vector<TOwnerRow>& Rows() {
   static const std::vector<TOwnerRow> rows = {
-#define ZDL_OWNER_PARAMETER(stem, scope, owner, value, key, check) {#stem, #scope, #owner, #value},
+#define ZDL_OWNER_PARAMETER(stem, scope, owner, value, key, check) {#stem, #scope, #owner, #value, ""},
+#define ZDL_OWNER_LIST(stem, scope, owner, key, item) {#stem, #scope, #owner, "List", #item},
 #include "core/OwnerParameters.def"
 #undef ZDL_OWNER_PARAMETER
+#undef ZDL_OWNER_LIST
   };
   return rows;
+}
+bool IsList(const TOwnerRow& row) { return row.value == "List"; }
+
+// Items of each kind a list of the table holds, and one too long with the
+// result that refuses it.
+struct TItemKind {
+  std::vector<std::string> samples;
+  std::string tooLong;
+  int tooLongResult;
+};
+const std::map<std::string, TItemKind>& ItemKinds() {
+  static const std::map<std::string, TItemKind> kinds = {
+      {"Class", {{"TQBR", "SPBFUT"}, "ABCDEFGHIJKLM", 1009}},
+      {"Partner", {{"P01", "P02"}, "ABCDEFGHIJKLM", 1017}},
+  };
+  return kinds;
 }
 
 // An owner of each kind in the example library, and one it does not have
@@ -100,6 +118,17 @@ class OwnerParameterCommandsTest : public ::testing::Test {
     return ztest::Command(port_, command, r, kUser);
   }
 
+  int GetList(const TOwnerRow& row, const std::string& code, std::vector<std::string>& out) {
+    TDL_TwoStringsAndArray r{firm_, code, {}};
+    const int rc = ztest::Command(port_, "Get" + row.stem + "From" + row.scope, r, kUser);
+    out = r.lsStrings;
+    return rc;
+  }
+  int SetList(const TOwnerRow& row, const std::string& code, const std::vector<std::string>& items) {
+    TDL_TwoStringsAndArray r{firm_, code, items};
+    return ztest::Command(port_, "Set" + row.stem + "To" + row.scope, r, kUser);
+  }
+
   static constexpr int kUser = 2;
   int port_ = 0;
   std::string dir_, firm_;
@@ -108,6 +137,7 @@ class OwnerParameterCommandsTest : public ::testing::Test {
 TEST_F(OwnerParameterCommandsTest, EveryRowIsServedByItsCommands) {
   for (const TOwnerRow& row : Rows()) {
     EXPECT_TRUE(Owners().count(row.owner)) << row.owner;
+    EXPECT_TRUE(!IsList(row) || ItemKinds().count(row.item) == 1) << row.item;
     for (const std::string& name : {"Get" + row.stem + "From" + row.scope, "Set" + row.stem + "To" + row.scope}) {
       const DL::TCommandRow* command = DL::FindCommand(name);
       ASSERT_NE(command, nullptr) << name;
@@ -116,8 +146,35 @@ TEST_F(OwnerParameterCommandsTest, EveryRowIsServedByItsCommands) {
   }
 }
 
+TEST_F(OwnerParameterCommandsTest, EveryListRoundTripsThroughTheSavedText) {
+  for (const TOwnerRow& row : Rows()) {
+    if (!IsList(row)) continue;
+    SCOPED_TRACE(row.stem + " of " + row.scope);
+    const std::string& code = Owners().at(row.owner).code;
+    const std::vector<std::string>& s = ItemKinds().at(row.item).samples;
+    std::vector<std::string> read;
+    ASSERT_EQ(GetList(row, code, read), 0);
+    EXPECT_TRUE(read.empty());
+    ASSERT_EQ(SetList(row, code, {s[0], s[1], s[0]}), 0);
+    ASSERT_EQ(GetList(row, code, read), 0);
+    EXPECT_EQ(read, (std::vector<std::string>{s[0], s[1]}));
+    const std::string saved = SaveAndReload();
+    ASSERT_EQ(GetList(row, code, read), 0);
+    EXPECT_EQ(read, (std::vector<std::string>{s[0], s[1]}));
+    EXPECT_EQ(Save(), saved);
+    // A refused list changes nothing.
+    EXPECT_EQ(SetList(row, code, {s[1], ItemKinds().at(row.item).tooLong}), ItemKinds().at(row.item).tooLongResult);
+    EXPECT_EQ(SetList(row, code, {}), 1003);
+    EXPECT_EQ(SetList(row, code, {"A,B"}), 1003);
+    EXPECT_EQ(SetList(row, Owners().at(row.owner).missing, {s[0]}), Owners().at(row.owner).missingResult);
+    ASSERT_EQ(GetList(row, code, read), 0);
+    EXPECT_EQ(read, (std::vector<std::string>{s[0], s[1]}));
+  }
+}
+
 TEST_F(OwnerParameterCommandsTest, EveryValueRoundTripsThroughTheSavedText) {
   for (const TOwnerRow& row : Rows()) {
+    if (IsList(row)) continue;
     SCOPED_TRACE(row.stem + " of " + row.scope);
     const std::string& code = Owners().at(row.owner).code;
     double before = 0;
@@ -158,6 +215,7 @@ TEST_F(OwnerParameterCommandsTest, AnInheritedValueLeavesNoKey) {
 TEST_F(OwnerParameterCommandsTest, AnUnknownOrLongOwnerAndARefusedValueChangeNothing) {
   const std::string before = Save();
   for (const TOwnerRow& row : Rows()) {
+    if (IsList(row)) continue;
     SCOPED_TRACE(row.stem + " of " + row.scope);
     const TOwnerCodes& owner = Owners().at(row.owner);
     double read = 0;
