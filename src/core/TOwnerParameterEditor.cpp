@@ -4,96 +4,30 @@
 #include <cstdlib>
 #include <vector>
 
-#include "base/CodeLengths.h"
 #include "base/ResultCodes.h"
 #include "base/TMemory.h"
 #include "base/TextHelpers.h"
 #include "base/TClassList.h"
-#include "cache/TCacheOfClientMarginRestrictions.h"
-#include "cache/TCacheOfSecurityRestrictions.h"
-#include "commission/TCacheOfClientSettings.h"
 
 namespace DL {
 
 namespace {
 
-using P = TIniParser;
-
 constexpr int kInherit = -2;
 constexpr int kDefault = -1;
 
-bool IsClient(TOwnerParameterEditor::EOwner owner) {
-  return owner == TOwnerParameterEditor::EOwner::ClientMargin || owner == TOwnerParameterEditor::EOwner::Client;
-}
-
 }  // namespace
 
-int TOwnerParameterEditor::Section(EOwner owner, const char* code, std::string& name) const {
-  if (IsNullOrEmpty(code)) return ZDL_BAD_ARGUMENT;
-  if (IsClient(owner) ? IsClientCodeLengthGreaterMaxLength(code) : IsTemplateCodeLengthGreaterMaxLength(code))
-    return IsClient(owner) ? ZDL_CLIENT_CODE_TOO_LONG : ZDL_TEMPLATE_CODE_TOO_LONG;
-  name = P::GetPartIniSectCode(P::pscCl) + code;
-  switch (owner) {
-    case EOwner::ClientMargin:
-      name += P::GetPartIniSectCode(P::psc_Margin);
-      break;
-    case EOwner::MarginTemplate:
-      name += P::GetPartIniSectCode(P::psc_Margin_Template);
-      break;
-    case EOwner::ClientTemplate:
-      name += P::GetPartIniSectCode(P::psc_Client_Template);
-      break;
-    case EOwner::Client:
-      break;
-  }
-  return ZDL_OK;
-}
-
-const TIniKeyMap* TOwnerParameterEditor::Keys(EOwner owner, const char* code, int& result) const {
-  std::string name;
-  result = Section(owner, code, name);
-  if (result != ZDL_OK) return nullptr;
-  const TIniKeyMap* keys = m_hub.GetParser().FindIniSectionRef(name);
-  if (keys == nullptr) result = IsClient(owner) ? ZDL_CLIENT_SETTINGS_NOT_EXIST : ZDL_TEMPLATE_NOT_EXIST;
-  return keys;
-}
-
-TIniKeyMap* TOwnerParameterEditor::Keys(EOwner owner, const char* code, int& result) {
-  const TIniKeyMap* keys = static_cast<const TOwnerParameterEditor*>(this)->Keys(owner, code, result);
-  // The section belongs to the hub's parser, which this editor may change.
-  return const_cast<TIniKeyMap*>(keys);
-}
-
-void TOwnerParameterEditor::Forget(EOwner owner, const std::string& code, const std::string& section) {
-  switch (owner) {
-    case EOwner::ClientMargin:
-      if (TCacheOfClientMarginRestrictions* cache = m_hub.GetClientMarginRestrictionsCache())
-        cache->ForgetParsedClientSettings(code);
-      break;
-    case EOwner::MarginTemplate:
-      if (TCacheOfClientMarginRestrictions* cache = m_hub.GetClientMarginRestrictionsCache())
-        cache->ForgetParsedTemplateSettings(code);
-      break;
-    case EOwner::Client:
-    case EOwner::ClientTemplate:
-      m_hub.GetClientSettingsCache().ForgetParsedSection(section);
-      if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache())
-        cache->ForgetParsedSection(section);
-      break;
-  }
-}
-
 int TOwnerParameterEditor::Write(EOwner owner, const char* code, const char* key, const std::string& text) {
+  TOwnerSection section(m_hub, owner);
   int result = ZDL_OK;
-  TIniKeyMap* keys = Keys(owner, code, result);
+  TIniKeyMap* keys = section.Find(code, result);
   if (keys == nullptr) return result;
   if (text.empty())
     keys->erase(key);
   else
     (*keys)[key] = text;
-  std::string section;
-  (void)Section(owner, code, section);
-  Forget(owner, code, section);
+  section.Forget(code);
   return ZDL_OK;
 }
 

@@ -8,12 +8,13 @@
 // they parsed of it (and every client's resolution), so the next query reads
 // the section as it now stands.
 //
-// Checks in this order: the owner's code (3 null or empty, 10 for a client
-// or 21 for a template code longer than 12), the out pointer (3), the
-// owner's section (20 for a client, 15 for a template), the value (3).
+// Checks in this order: the owner's code and section (see
+// core/TOwnerSection.h), with the out pointer (3) between the two, then the
+// value (3).
 #include <string>
 
 #include "base/ApiRecords.h"
+#include "core/TOwnerSection.h"
 #include "core/TStorageHub.h"
 #include "core/ValueChecks.h"
 
@@ -23,7 +24,7 @@ class TOwnerParameterEditor {
  public:
   explicit TOwnerParameterEditor(TStorageHub& hub) : m_hub(hub) {}
 
-  enum class EOwner { ClientMargin, MarginTemplate, Client, ClientTemplate };
+  using EOwner = TOwnerSection::EOwner;
 
 #define ZDL_OWNER_OUT_Inherit int*
 #define ZDL_OWNER_IN_Inherit int
@@ -57,11 +58,12 @@ class TOwnerParameterEditor {
 
  private:
   // The owner's section: 0 and its keys, or the code that refuses the owner.
-  int Section(EOwner owner, const char* code, std::string& name) const;
-  const TIniKeyMap* Keys(EOwner owner, const char* code, int& result) const;
-  TIniKeyMap* Keys(EOwner owner, const char* code, int& result);
-  // Has the caches that parse the owner's section read it anew.
-  void Forget(EOwner owner, const std::string& code, const std::string& section);
+  int Section(EOwner owner, const char* code, std::string& name) const {
+    return TOwnerSection(m_hub, owner).Name(code, name);
+  }
+  const TIniKeyMap* Keys(EOwner owner, const char* code, int& result) const {
+    return TOwnerSection(m_hub, owner).Find(code, result);
+  }
 
   int GetInherit(EOwner owner, const char* code, const char* key, int* out) const;
   int SetInherit(EOwner owner, const char* code, const char* key, EValueCheck check, int value);

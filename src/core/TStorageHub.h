@@ -104,7 +104,7 @@ class TStorageHub : public IFirmSettings {
   // Edits the firm's lists in their homes.
   friend class TGlobalListEditor;
   // Has the security restrictions cache read an edited client section anew.
-  friend class TOwnerParameterEditor;
+  friend class TOwnerSection;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A
