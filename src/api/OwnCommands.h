@@ -19,3 +19,4 @@
 #include "api/OwnTemplateClientsCommands.h"
 #include "api/OwnMinOrderValueCommands.h"
 #include "api/OwnPriceLimitCommands.h"
+#include "api/OwnInstrumentsWithoutCurrencyRiskCommands.h"

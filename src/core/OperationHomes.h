@@ -8,6 +8,7 @@
 #include "core/TChangeFutClientCodesEditor.h"
 #include "core/TClientListsEditor.h"
 #include "core/TGlobalListEditor.h"
+#include "core/TInstrumentsWithoutCurrencyRiskEditor.h"
 #include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "core/TMinOrderValueEditor.h"

@@ -105,6 +105,8 @@ class TStorageHub : public IFirmSettings {
   friend class TGlobalListEditor;
   // Has the security restrictions cache read an edited client section anew.
   friend class TOwnerSection;
+  // Reads the firm's instruments without currency risk again after an edit.
+  friend class TInstrumentsWithoutCurrencyRiskEditor;
 
  public:
   // Loads from a settings file (type 1) or from the whole text (type 2). A

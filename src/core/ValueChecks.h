@@ -35,8 +35,9 @@ enum class EListItem {
   Client,   // 12, else 10
   TrdAcc,   // 12, else 14
   Partner,  // 12, else 17
-  Tag,      // 4, else 22
-  Type,     // any length
+  Tag,       // 4, else 22
+  Security,  // 12, else 13
+  Type,      // any length
 };
 
 // 0, or the code that refuses an item: 3 for a null or empty item or one
@@ -54,6 +55,8 @@ inline int CheckListItem(EListItem kind, const char* item) {
       return IsPartnerCodeLengthGreaterMaxLength(item) ? ZDL_PARTNER_CODE_TOO_LONG : ZDL_OK;
     case EListItem::Tag:
       return IsTagCodeLengthGreaterMaxLength(item) ? ZDL_TAG_TOO_LONG : ZDL_OK;
+    case EListItem::Security:
+      return IsSecCodeLengthGreaterMaxLength(item) ? ZDL_SEC_CODE_TOO_LONG : ZDL_OK;
     case EListItem::Type:
       return ZDL_OK;
   }
