@@ -14,6 +14,7 @@
 #include "core/TMinOrderValueEditor.h"
 #include "core/TOwnerParameterEditor.h"
 #include "core/TPriceLimitEditor.h"
+#include "core/TSecurityListsReader.h"
 #include "core/TTemplateClientsEditor.h"
 #include "core/TTemplateEditor.h"
 #include "core/TUserSettingsEditor.h"
