@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/CodeLengths.h"
 #include "base/Numbers.h"
 #include "base/ResultCodes.h"
 
@@ -221,6 +222,54 @@ int TTemplateEditor::AddRestrictionTemplate(const char* templateCode) {
   const auto it = cache->GetTemplateIterator(templateCode);
   if (it != cache->TemplatesEnd()) it->second.first->second.try_emplace(kClientsParam, "");
   return ZDL_OK;
+}
+
+}  // namespace DL
+
+namespace DL {
+
+template <class Match>
+int TTemplateEditor::FindClientTemplate(Match match, char** templateCode) const {
+  const std::string prefixUp = "CL";
+  const std::string suffixUp = Upper(kClientTemplateSuffix);
+  for (const auto& [name, keys] : m_hub.GetOldParserPointer()->GetSections()) {
+    if (name.size() <= prefixUp.size() + suffixUp.size()) continue;
+    const std::string up = Upper(name);
+    if (up.compare(0, prefixUp.size(), prefixUp) != 0) continue;
+    if (up.compare(up.size() - suffixUp.size(), suffixUp.size(), suffixUp) != 0) continue;
+    if (!match(keys)) continue;
+    const std::string code = name.substr(prefixUp.size(), name.size() - prefixUp.size() - suffixUp.size());
+    char* text = m_hub.GetMemory().ConstructString(code.size() + 1);
+    std::memcpy(text, code.c_str(), code.size());
+    *templateCode = text;
+    return ZDL_OK;
+  }
+  return ZDL_NOT_FOUND;
+}
+
+int TTemplateEditor::GetClientTemplateNameByClientCode(const char* clientCode, char** templateCode) const {
+  if (clientCode == nullptr || *clientCode == '\0' || templateCode == nullptr) return ZDL_BAD_ARGUMENT;
+  if (IsClientCodeLengthGreaterMaxLength(clientCode)) return ZDL_CLIENT_CODE_TOO_LONG;
+  const std::string client = clientCode;
+  return FindClientTemplate(
+      [&client](const TIniParser::TKeyMap& keys) {
+        for (const std::string& item : TIniParser::GetIniSettingByKey(keys, kClientsParam))
+          if (item == client) return true;
+        return false;
+      },
+      templateCode);
+}
+
+int TTemplateEditor::GetClientTemplateNameByLeverage(double leverage, char** templateCode) const {
+  const int64_t scaled = GetScaledLeverage(leverage);
+  if (scaled < 0 || templateCode == nullptr) return ZDL_BAD_ARGUMENT;
+  return FindClientTemplate(
+      [scaled](const TIniParser::TKeyMap& keys) {
+        for (const std::string& item : TIniParser::GetIniSettingByKey(keys, kLeverageParam))
+          if (GetLeverageFromString(item.c_str()) == scaled) return true;
+        return false;
+      },
+      templateCode);
 }
 
 }  // namespace DL

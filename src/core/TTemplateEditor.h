@@ -72,7 +72,19 @@ class TTemplateEditor {
   static std::string MarginTemplateSection(const std::string& code);
   static std::string BaseAssetsTemplateSection(const std::string& code);
 
+  // The client template whose "Clients" list holds the client, read from
+  // the sections as they stand: 3 for a null or empty client or a null out,
+  // 10 for a client code longer than 12, 4 when no template lists it.
+  [[nodiscard]] int GetClientTemplateNameByClientCode(const char* clientCode, char** templateCode) const;
+  // The client template whose "IncludeClientsWithLeverage" names the
+  // leverage (compared in hundredths): 3 for a negative leverage or a null
+  // out, 4 when no template claims it.
+  [[nodiscard]] int GetClientTemplateNameByLeverage(double leverage, char** templateCode) const;
+
  private:
+  // The code of the first client template whose section passes `match`.
+  template <class Match>
+  int FindClientTemplate(Match match, char** templateCode) const;
   [[nodiscard]] int ClientsOfSection(const char* templateCode, std::string (*section)(const std::string&),
                                      ZDL_ArrayStrings** clients) const;
 

@@ -378,6 +378,38 @@ const std::set<std::string>& LeftOut() {
   return names;
 }
 
+ZDL_DECLARE_RECORD(TAddClientRecord, (std::string, firmCode), (std::string, templateCode), (std::string, clientCode));
+
+TEST_F(TemplateCommandsTest, TheClientTemplateOfAClientOrALeverageIsFound) {
+  const std::string library = ztest::ReadSourceFile("examples/server/libs/broker.ini");
+  ztest::WriteServerFile(dir_ + "broker.ini", library + "\n[clPRO_Client_Template]\nClients=C0009\n"
+                                                        "IncludeClientsWithLeverage=2.5,4\n");
+  ASSERT_EQ(Open(2, 0), 0);
+  TDL_ThreeStrings byClient{firm_, "C0002", "stale"};
+  ASSERT_EQ(Api("GetClientTemplateNameByClientCode", byClient, 2), 0);
+  EXPECT_EQ(byClient.strParam2, "RETAIL");
+  byClient = {firm_, "C0009", ""};
+  ASSERT_EQ(Api("GetClientTemplateNameByClientCode", byClient, 2), 0);
+  EXPECT_EQ(byClient.strParam2, "PRO");
+  byClient = {firm_, "C0003", ""};
+  EXPECT_EQ(Api("GetClientTemplateNameByClientCode", byClient, 2), 1004);
+  byClient = {firm_, "ABCDEFGHIJKLM", ""};
+  EXPECT_EQ(Api("GetClientTemplateNameByClientCode", byClient, 2), 1010);
+  TDL_StringWithDoubleAndString byLeverage{firm_, 4.0, "stale"};
+  ASSERT_EQ(Api("GetClientTemplateNameByLeverage", byLeverage, 2), 0);
+  EXPECT_EQ(byLeverage.strParam, "PRO");
+  byLeverage = {firm_, 3.0, ""};
+  EXPECT_EQ(Api("GetClientTemplateNameByLeverage", byLeverage, 2), 1004);
+  byLeverage = {firm_, -5.0, ""};
+  EXPECT_EQ(Api("GetClientTemplateNameByLeverage", byLeverage, 2), 1003);
+  // A client moved by command is found in its new template at once.
+  TAddClientRecord add{firm_, "PRO", "C0010"};
+  ASSERT_EQ(Api("AddClientToClientTemplate", add, 2), 0);
+  byClient = {firm_, "C0010", ""};
+  ASSERT_EQ(Api("GetClientTemplateNameByClientCode", byClient, 2), 0);
+  EXPECT_EQ(byClient.strParam2, "PRO");
+}
+
 TEST(TemplateCommandsCoverage, EveryLiveCommandOfTheFamilyIsInTheRoundTrip) {
   std::set<std::string> family(std::begin(kFamily), std::end(kFamily));
   EXPECT_EQ(family.size(), 67u);
