@@ -20,3 +20,4 @@
 #include "api/OwnMinOrderValueCommands.h"
 #include "api/OwnPriceLimitCommands.h"
 #include "api/OwnInstrumentsWithoutCurrencyRiskCommands.h"
+#include "api/OwnGlobalParameterCommands.h"

@@ -44,6 +44,16 @@ int TGlobalParameterEditor::GetRaw(const char* key, int* out) const {
   return ZDL_OK;
 }
 
+int TGlobalParameterEditor::GetRaw(const char* key, double* out) const {
+  if (out == nullptr) return ZDL_BAD_ARGUMENT;
+  const TIniKeyMap* general = m_hub.m_parser->FindIniSectionRef(GeneralSection());
+  if (general == nullptr) return ZDL_NOT_FOUND;
+  auto param = general->find(key);
+  if (param == general->end()) return ZDL_NOT_FOUND;
+  *out = StrToDouble(param->second.c_str());
+  return ZDL_OK;
+}
+
 int TGlobalParameterEditor::GetRaw(const char* key, ZDL_VolatilityChangeScenarios* out) const {
   if (out == nullptr) return ZDL_BAD_ARGUMENT;
   const TIniKeyMap* general = m_hub.m_parser->FindIniSectionRef(GeneralSection());
@@ -70,6 +80,12 @@ int TGlobalParameterEditor::SetRawInt(const char* key, int value) {
     m_hub.m_parser->SetIniParam(general, key, std::to_string(value));
   else
     general->second.erase(key);
+  return ZDL_OK;
+}
+
+int TGlobalParameterEditor::SetRawNumber(const char* key, double value) {
+  auto general = m_hub.m_parser->FindOrCreateIniSection(GeneralSection());
+  m_hub.m_parser->SetIniParam(general, key, DoubleToString(value));
   return ZDL_OK;
 }
 

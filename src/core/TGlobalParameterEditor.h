@@ -62,8 +62,11 @@ class TGlobalParameterEditor {
     if (!Allows(EValueCheck::check, in)) return ZDL_BAD_ARGUMENT;                        \
     return Set##home##value(key, in);                                               \
   }
+#define ZDL_GLOBAL_OWN_PARAMETER(stem, value, home, key, check, field) \
+  ZDL_GLOBAL_PARAMETER(stem, value, home, key, check)
 #include "core/GlobalParameters.def"
 #undef ZDL_GLOBAL_PARAMETER
+#undef ZDL_GLOBAL_OWN_PARAMETER
 #undef ZDL_GLOBAL_OUT_Flag
 #undef ZDL_GLOBAL_IN_Flag
 #undef ZDL_GLOBAL_OUT_Int
@@ -92,9 +95,11 @@ class TGlobalParameterEditor {
   // A raw parameter of "General" named `key`.
   int GetRaw(const char* key, bool* out) const;
   int GetRaw(const char* key, int* out) const;
+  int GetRaw(const char* key, double* out) const;
   int GetRaw(const char* key, ZDL_VolatilityChangeScenarios* out) const;
   int SetRawFlag(const char* key, int flag);
   int SetRawInt(const char* key, int value);
+  int SetRawNumber(const char* key, double value);
   int SetRawScenarios(const char* key, ZDL_VolatilityChangeScenarios value);
 
   // A row of the general settings; a flag may be kept as a whole number.

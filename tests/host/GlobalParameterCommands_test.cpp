@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "api/AdapterRecords.h"
 #include "api/CommandTable.h"
 #include "api/FileVerbRecords.h"
+#include "api/RecordFields.h"
 
 namespace {
 
@@ -28,8 +30,10 @@ struct TParameterRow {
 const std::vector<TParameterRow>& Rows() {
   static const std::vector<TParameterRow> rows = {
 #define ZDL_GLOBAL_PARAMETER(stem, value, home, key, check) {#stem, EValue::value},
+#define ZDL_GLOBAL_OWN_PARAMETER(stem, value, home, key, check, field)
 #include "core/GlobalParameters.def"
 #undef ZDL_GLOBAL_PARAMETER
+#undef ZDL_GLOBAL_OWN_PARAMETER
   };
   return rows;
 }
@@ -355,6 +359,44 @@ TEST_F(GlobalParameterCommandsTest, TheCommissionScaleNeedsRowsInTheFirmsScale) 
   TDL_StringAndBool read{"FE", true};
   ASSERT_EQ(ztest::Command(port, "GetUseCommissionScaleFromGlobal", read, kUser), 0);
   EXPECT_FALSE(read.boolParam1);
+}
+
+// The pairs with records of their own, their layouts written out here.
+ZDL_DECLARE_RECORD(TSecPricePriority, (std::string, firmCode), (int, secPricePriority));
+ZDL_DECLARE_RECORD(TMDPlusMinMarginCalcRate, (std::string, firmCode), (double, mdPlusMinMarginCalcRate));
+
+TEST_F(GlobalParameterCommandsTest, ThePairsWithRecordsOfTheirOwnRoundTrip) {
+  std::set<std::string> table;
+#define ZDL_GLOBAL_PARAMETER(stem, value, home, key, check)
+#define ZDL_GLOBAL_OWN_PARAMETER(stem, value, home, key, check, field) table.insert(#stem);
+#include "core/GlobalParameters.def"
+#undef ZDL_GLOBAL_PARAMETER
+#undef ZDL_GLOBAL_OWN_PARAMETER
+  EXPECT_EQ(table, (std::set<std::string>{"SecPricePriority", "MDPlusMinMarginCalcRate"}));
+
+  TSecPricePriority priority{firm_, -1};
+  ASSERT_EQ(ztest::Command(port_, "GetSecPricePriorityFromGlobal", priority, kUser), 0);
+  EXPECT_EQ(priority.secPricePriority, 0);  // the default
+  priority.secPricePriority = 2;
+  ASSERT_EQ(ztest::Command(port_, "SetSecPricePriorityToGlobal", priority, kUser), 0);
+  TMDPlusMinMarginCalcRate rate{firm_, 0};
+  ASSERT_EQ(ztest::Command(port_, "GetMDPlusMinMarginCalcRateFromGlobal", rate, kUser), 0);
+  EXPECT_EQ(rate.mdPlusMinMarginCalcRate, 0.5);  // as the example writes it
+  rate.mdPlusMinMarginCalcRate = -1;
+  EXPECT_EQ(ztest::Command(port_, "SetMDPlusMinMarginCalcRateToGlobal", rate, kUser), 1003);
+  rate.mdPlusMinMarginCalcRate = 0.75;
+  ASSERT_EQ(ztest::Command(port_, "SetMDPlusMinMarginCalcRateToGlobal", rate, kUser), 0);
+
+  const std::string saved = SaveAndReload();
+  EXPECT_NE(saved.find("SecPricePrior=2\r\n"), std::string::npos) << saved;
+  EXPECT_NE(saved.find("MDPlusMinMarginCalcRate=0.75\r\n"), std::string::npos) << saved;
+  priority.secPricePriority = -1;
+  ASSERT_EQ(ztest::Command(port_, "GetSecPricePriorityFromGlobal", priority, kUser), 0);
+  EXPECT_EQ(priority.secPricePriority, 2);
+  rate.mdPlusMinMarginCalcRate = 0;
+  ASSERT_EQ(ztest::Command(port_, "GetMDPlusMinMarginCalcRateFromGlobal", rate, kUser), 0);
+  EXPECT_EQ(rate.mdPlusMinMarginCalcRate, 0.75);
+  EXPECT_EQ(Save(), saved);
 }
 
 }  // namespace
