@@ -63,7 +63,7 @@ ZDL_ArrayStrings* TInstrumentsWithoutCurrencyRiskEditor::NewStrings(const std::v
 }
 
 int TInstrumentsWithoutCurrencyRiskEditor::GetClasses(EScope scope, const char* owner,
-                                                       ZDL_ArrayStrings** classes) const {
+                                                      ZDL_ArrayStrings** classes) const {
   if (classes == nullptr) return ZDL_BAD_ARGUMENT;
   TIniKeyMap* keys = nullptr;
   if (int r = Keys(scope, owner, false, keys); r != ZDL_OK) return r;
@@ -98,7 +98,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::RemoveClass(EScope scope, const char*
 }
 
 int TInstrumentsWithoutCurrencyRiskEditor::GetInstruments(EScope scope, const char* owner, const char* classCode,
-                                                           ZDL_ArrayStrings** instruments) const {
+                                                          ZDL_ArrayStrings** instruments) const {
   TIniKeyMap* keys = nullptr;
   const int found = Keys(scope, owner, false, keys);
   if (scope != EScope::Global && found != ZDL_OK) return found;
@@ -112,7 +112,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::GetInstruments(EScope scope, const ch
 }
 
 int TInstrumentsWithoutCurrencyRiskEditor::SetInstruments(EScope scope, const char* owner, const char* classCode,
-                                                           ZDL_ArrayStrings* instruments) {
+                                                          ZDL_ArrayStrings* instruments) {
   TIniKeyMap* keys = nullptr;
   if (scope != EScope::Global)
     if (int r = Keys(scope, owner, false, keys); r != ZDL_OK) return r;
@@ -131,7 +131,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::SetInstruments(EScope scope, const ch
 }
 
 int TInstrumentsWithoutCurrencyRiskEditor::AddInstrument(EScope scope, const char* owner, const char* classCode,
-                                                          const char* secCode) {
+                                                         const char* secCode) {
   TIniKeyMap* keys = nullptr;
   if (scope != EScope::Global)
     if (int r = Keys(scope, owner, false, keys); r != ZDL_OK) return r;
@@ -148,7 +148,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::AddInstrument(EScope scope, const cha
 }
 
 int TInstrumentsWithoutCurrencyRiskEditor::RemoveInstrument(EScope scope, const char* owner, const char* classCode,
-                                                             const char* secCode) {
+                                                            const char* secCode) {
   TIniKeyMap* keys = nullptr;
   const int found = Keys(scope, owner, false, keys);
   if (scope != EScope::Global && found != ZDL_OK) return found;

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "base/ResultCodes.h"
+#include "base/TClassList.h"
 #include "base/TMemory.h"
 #include "base/TextHelpers.h"
-#include "base/TClassList.h"
 
 namespace DL {
 
@@ -45,8 +45,7 @@ int TOwnerParameterEditor::GetInherit(EOwner owner, const char* code, const char
   return ZDL_OK;
 }
 
-int TOwnerParameterEditor::SetInherit(EOwner owner, const char* code, const char* key, EValueCheck check,
-                                      int value) {
+int TOwnerParameterEditor::SetInherit(EOwner owner, const char* code, const char* key, EValueCheck check, int value) {
   int result = ZDL_OK;
   if (Keys(owner, code, result) == nullptr) return result;
   if (value != kInherit && value != kDefault && !IsValueAllowed(check, value)) return ZDL_BAD_ARGUMENT;
@@ -82,8 +81,7 @@ int TOwnerParameterEditor::GetNumber(EOwner owner, const char* code, const char*
   return ZDL_OK;
 }
 
-int TOwnerParameterEditor::SetNumber(EOwner owner, const char* code, const char* key, EValueCheck check,
-                                     double value) {
+int TOwnerParameterEditor::SetNumber(EOwner owner, const char* code, const char* key, EValueCheck check, double value) {
   int result = ZDL_OK;
   if (Keys(owner, code, result) == nullptr) return result;
   if (!IsValueAllowed(check, value)) return ZDL_BAD_ARGUMENT;

@@ -1,8 +1,8 @@
 #include "core/TOwnerSection.h"
 
 #include "base/CodeLengths.h"
-#include "base/TextHelpers.h"
 #include "base/ResultCodes.h"
+#include "base/TextHelpers.h"
 #include "cache/TCacheOfClientMarginRestrictions.h"
 #include "cache/TCacheOfSecurityRestrictions.h"
 #include "commission/TCacheOfClientSettings.h"
@@ -68,7 +68,8 @@ void TOwnerSection::Forget(const char* code) {
     case EOwner::Client:
     case EOwner::ClientTemplate:
       m_hub.GetClientSettingsCache().ForgetParsedSection(section);
-      if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache()) cache->ForgetParsedSection(section);
+      if (TCacheOfSecurityRestrictions* cache = m_hub.m_securityRestrictions.Cache())
+        cache->ForgetParsedSection(section);
       break;
   }
 }

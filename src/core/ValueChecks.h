@@ -31,10 +31,10 @@ inline bool IsValueAllowed(EValueCheck check, double value) {
 
 // The kind of code an item of a list is.
 enum class EListItem {
-  Class,    // 12 characters, else 9
-  Client,   // 12, else 10
-  TrdAcc,   // 12, else 14
-  Partner,  // 12, else 17
+  Class,     // 12 characters, else 9
+  Client,    // 12, else 10
+  TrdAcc,    // 12, else 14
+  Partner,   // 12, else 17
   Tag,       // 4, else 22
   Security,  // 12, else 13
   Type,      // any length

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -62,31 +63,12 @@ std::vector<TListRow> Lists() {
 class GlobalListCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ztest::ResetRecordedCalls();
-    port_ = ztest::NewPort();
-    dir_ = "gl" + std::to_string(port_) + "/";
-    firm_ = "FL" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
-    std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
-    ASSERT_EQ(Module().InitDB(list, "", port_), 1);
-    Open();
+    session_ = std::make_unique<ztest::TLibrarySession>("gl", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
+    port_ = session_->Port();
+    firm_ = session_->Firm();
   }
-  void Open() {
-    TDL_DLOpenFile open{firm_, 0};
-    ASSERT_EQ(ztest::Command(port_, "DLOpenFile", open, kUser), 0);
-  }
-  std::string Save() {
-    TDL_DLUpdateFile update{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLUpdateFile", update, kUser), 0);
-    return ztest::ReadServerFile(dir_ + "broker.ini");
-  }
-  std::string SaveAndReload() {
-    const std::string saved = Save();
-    TDL_DLCloseFile close{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLCloseFile", close, kUser), 0);
-    Open();
-    return saved;
-  }
+  std::string Save() { return session_->Save(); }
+  std::string SaveAndReload() { return session_->SaveAndReload(); }
   // The list as read; a list whose section is missing reads empty, with its
   // result in `result`.
   TItems Read(const TListRow& row, int* result = nullptr) {
@@ -105,8 +87,9 @@ class GlobalListCommandsTest : public ::testing::Test {
   }
 
   static constexpr int kUser = 2;
+  std::unique_ptr<ztest::TLibrarySession> session_;
   int port_ = 0;
-  std::string dir_, firm_;
+  std::string firm_;
 };
 
 TEST_F(GlobalListCommandsTest, EveryCommandOfTheTableIsServedAndEveryListCanBeRead) {

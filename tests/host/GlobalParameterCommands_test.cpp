@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -48,8 +49,8 @@ struct TValue {
   bool operator==(const TValue&) const = default;
 };
 std::ostream& operator<<(std::ostream& out, const TValue& v) {
-  return out << "{" << v.flag << " " << v.number << " " << v.real << " '" << v.text << "' " << v.a << " " << v.b
-             << " " << v.c << "}";
+  return out << "{" << v.flag << " " << v.number << " " << v.real << " '" << v.text << "' " << v.a << " " << v.b << " "
+             << v.c << "}";
 }
 
 // The example library, with a firm's commission scale so that the scale may
@@ -64,31 +65,12 @@ std::string Library() {
 class GlobalParameterCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ztest::ResetRecordedCalls();
-    port_ = ztest::NewPort();
-    dir_ = "gp" + std::to_string(port_) + "/";
-    firm_ = "FG" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", Library());
-    std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
-    ASSERT_EQ(Module().InitDB(list, "", port_), 1);
-    Open();
+    session_ = std::make_unique<ztest::TLibrarySession>("gp", Library());
+    port_ = session_->Port();
+    firm_ = session_->Firm();
   }
-  void Open() {
-    TDL_DLOpenFile open{firm_, 0};
-    ASSERT_EQ(ztest::Command(port_, "DLOpenFile", open, kUser), 0);
-  }
-  std::string Save() {
-    TDL_DLUpdateFile update{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLUpdateFile", update, kUser), 0);
-    return ztest::ReadServerFile(dir_ + "broker.ini");
-  }
-  std::string SaveAndReload() {
-    const std::string saved = Save();
-    TDL_DLCloseFile close{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLCloseFile", close, kUser), 0);
-    Open();
-    return saved;
-  }
+  std::string Save() { return session_->Save(); }
+  std::string SaveAndReload() { return session_->SaveAndReload(); }
 
   int Get(const TParameterRow& row, TValue& out) {
     const std::string command = "Get" + row.stem + "FromGlobal";
@@ -205,8 +187,9 @@ class GlobalParameterCommandsTest : public ::testing::Test {
   }
 
   static constexpr int kUser = 2;
+  std::unique_ptr<ztest::TLibrarySession> session_;
   int port_ = 0;
-  std::string dir_, firm_;
+  std::string firm_;
 };
 
 TEST_F(GlobalParameterCommandsTest, EveryRowIsServedByItsCommands) {
@@ -255,9 +238,7 @@ TEST_F(GlobalParameterCommandsTest, TheSubClientDelimiterIsOneCharacterOrNone) {
 }
 
 TEST_F(GlobalParameterCommandsTest, ChangedValuesStandInTheSavedTextAsWritten) {
-  auto set = [this](const std::string& stem, EValue kind, TValue v) {
-    EXPECT_EQ(Set({stem, kind}, v), 0) << stem;
-  };
+  auto set = [this](const std::string& stem, EValue kind, TValue v) { EXPECT_EQ(Set({stem, kind}, v), 0) << stem; };
   TValue on;
   on.flag = true;
   set("CalcNegDeal", EValue::Flag, on);

@@ -4,6 +4,7 @@
 // reloaded, and read again.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,8 @@ ZDL_DECLARE_RECORD(TClientClass, (std::string, firmCode), (std::string, clientCo
 ZDL_DECLARE_RECORD(TClientClassSec, (std::string, firmCode), (std::string, clientCode), (std::string, classCode),
                    (std::string, secCode));
 ZDL_DECLARE_RECORD(TTemplateClass, (std::string, firmCode), (std::string, templateCode), (std::string, classCode));
-ZDL_DECLARE_RECORD(TTemplateClassSec, (std::string, firmCode), (std::string, templateCode),
-                   (std::string, classCode), (std::string, secCode));
+ZDL_DECLARE_RECORD(TTemplateClassSec, (std::string, firmCode), (std::string, templateCode), (std::string, classCode),
+                   (std::string, secCode));
 
 // An owner: the scope word of its commands, its code ("" for the firm), and
 // a code it does not have with the result that says so.
@@ -42,32 +43,15 @@ const std::vector<TOwner>& Owners() {
 class InstrumentsWithoutCurrencyRiskCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ztest::ResetRecordedCalls();
-    port_ = ztest::NewPort();
-    dir_ = "iw" + std::to_string(port_) + "/";
-    firm_ = "FI" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
-    std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
-    ASSERT_EQ(Module().InitDB(list, "", port_), 1);
-    Open();
+    session_ = std::make_unique<ztest::TLibrarySession>("iw", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
+    port_ = session_->Port();
+    firm_ = session_->Firm();
   }
-  void Open() {
-    TDL_DLOpenFile open{firm_, 0};
-    ASSERT_EQ(ztest::Command(port_, "DLOpenFile", open, kUser), 0);
+  std::string Save() { return session_->Save(); }
+  std::string SaveAndReload() { return session_->SaveAndReload(); }
+  static std::string Name(const std::string& stem, const TOwner& o) {
+    return stem + "InstrumentsWithoutCurrencyRisk" + o.scope;
   }
-  std::string Save() {
-    TDL_DLUpdateFile update{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLUpdateFile", update, kUser), 0);
-    return ztest::ReadServerFile(dir_ + "broker.ini");
-  }
-  std::string SaveAndReload() {
-    const std::string saved = Save();
-    TDL_DLCloseFile close{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLCloseFile", close, kUser), 0);
-    Open();
-    return saved;
-  }
-  static std::string Name(const std::string& stem, const TOwner& o) { return stem + "InstrumentsWithoutCurrencyRisk" + o.scope; }
 
   int Classes(const TOwner& o, const std::string& code, TItems& out) {
     const std::string command = Name("GetClassListFrom", o);
@@ -135,14 +119,16 @@ class InstrumentsWithoutCurrencyRiskCommandsTest : public ::testing::Test {
   }
 
   static constexpr int kUser = 2;
+  std::unique_ptr<ztest::TLibrarySession> session_;
   int port_ = 0;
-  std::string dir_, firm_;
+  std::string firm_;
 };
 
 TEST_F(InstrumentsWithoutCurrencyRiskCommandsTest, EveryCommandOfEveryOwnerIsServed) {
   for (const TOwner& o : Owners())
-    for (const char* stem : {"GetClassListFrom", "AddClassTo", "RemoveClassFrom", "GetInstrumentListForClassFrom",
-                             "SetInstrumentListForClassTo", "AddInstrumentForClassTo", "RemoveInstrumentForClassFrom"}) {
+    for (const char* stem :
+         {"GetClassListFrom", "AddClassTo", "RemoveClassFrom", "GetInstrumentListForClassFrom",
+          "SetInstrumentListForClassTo", "AddInstrumentForClassTo", "RemoveInstrumentForClassFrom"}) {
       const DL::TCommandRow* row = DL::FindCommand(Name(stem, o));
       ASSERT_NE(row, nullptr) << Name(stem, o);
       EXPECT_NE(row->handler, nullptr) << Name(stem, o);

@@ -1,5 +1,7 @@
 #include "ModuleHarness.h"
 
+#include <gtest/gtest.h>
+
 #include "common/EventLog.h"
 
 #include <dlfcn.h>
@@ -121,6 +123,36 @@ std::vector<std::string> ReadStrings(CAlert& message) {
     out.push_back(s);
   }
   return out;
+}
+
+TLibrarySession::TLibrarySession(const std::string& prefix, const std::string& text, int user)
+    : m_port(NewPort()), m_user(user) {
+  ResetRecordedCalls();
+  m_dir = prefix + std::to_string(m_port) + "/";
+  m_firm = "F" + prefix + std::to_string(m_port);
+  WriteServerFile(m_dir + "lib.ini", text);
+  const std::string list = WriteServerFile(m_dir + "dl.ini", "[dealer-library]\n" + m_firm + "=lib.ini\n");
+  EXPECT_EQ(Module().InitDB(list, "", m_port), 1);
+  Open();
+}
+
+void TLibrarySession::Open() {
+  TDL_DLOpenFile open{m_firm, 0};
+  EXPECT_EQ(Command("DLOpenFile", open), 0);
+}
+
+std::string TLibrarySession::Save() {
+  TDL_DLUpdateFile update{m_firm};
+  EXPECT_EQ(Command("DLUpdateFile", update), 0);
+  return ReadServerFile(m_dir + "lib.ini");
+}
+
+std::string TLibrarySession::SaveAndReload() {
+  const std::string saved = Save();
+  TDL_DLCloseFile close{m_firm};
+  EXPECT_EQ(Command("DLCloseFile", close), 0);
+  Open();
+  return saved;
 }
 
 }  // namespace ztest

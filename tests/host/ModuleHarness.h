@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "TestDbZent.h"
+#include "api/FileVerbRecords.h"
 #include "api/RecordFields.h"
 #include "support/Alert.h"
 
@@ -65,6 +66,33 @@ int Command(int port, const std::string& command, Record& record, int user) {
   LoadDataForZDeallibAPI(record, block);
   return result;
 }
+
+// One library of a test, on a port of its own: `text` written as
+// "<prefix><port>/lib.ini", registered as firm "F<prefix><port>" and opened
+// by the user. The recorded calls are emptied first.
+class TLibrarySession {
+ public:
+  TLibrarySession(const std::string& prefix, const std::string& text, int user = 2);
+
+  int Port() const { return m_port; }
+  const std::string& Firm() const { return m_firm; }
+  // "DLOpenFile" (mode 0), "DLUpdateFile" and the text it wrote, and the save
+  // followed by "DLCloseFile" and a new "DLOpenFile"; each asserts success.
+  void Open();
+  std::string Save();
+  std::string SaveAndReload();
+  // A remote command of the user on the session's port.
+  template <class Record>
+  int Command(const std::string& name, Record& record) const {
+    return ztest::Command(m_port, name, record, m_user);
+  }
+
+ private:
+  int m_port;
+  int m_user;
+  std::string m_dir;
+  std::string m_firm;
+};
 
 // Reads every string field left in the message.
 std::vector<std::string> ReadStrings(CAlert& message);

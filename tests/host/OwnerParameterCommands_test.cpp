@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -67,31 +68,12 @@ const std::map<std::string, TOwnerCodes>& Owners() {
 class OwnerParameterCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ztest::ResetRecordedCalls();
-    port_ = ztest::NewPort();
-    dir_ = "op" + std::to_string(port_) + "/";
-    firm_ = "FO" + std::to_string(port_);
-    ztest::WriteServerFile(dir_ + "broker.ini", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
-    std::string list = ztest::WriteServerFile(dir_ + "dl.ini", "[dealer-library]\n" + firm_ + "=broker.ini\n");
-    ASSERT_EQ(Module().InitDB(list, "", port_), 1);
-    Open();
+    session_ = std::make_unique<ztest::TLibrarySession>("op", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
+    port_ = session_->Port();
+    firm_ = session_->Firm();
   }
-  void Open() {
-    TDL_DLOpenFile open{firm_, 0};
-    ASSERT_EQ(ztest::Command(port_, "DLOpenFile", open, kUser), 0);
-  }
-  std::string Save() {
-    TDL_DLUpdateFile update{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLUpdateFile", update, kUser), 0);
-    return ztest::ReadServerFile(dir_ + "broker.ini");
-  }
-  std::string SaveAndReload() {
-    const std::string saved = Save();
-    TDL_DLCloseFile close{firm_};
-    EXPECT_EQ(ztest::Command(port_, "DLCloseFile", close, kUser), 0);
-    Open();
-    return saved;
-  }
+  std::string Save() { return session_->Save(); }
+  std::string SaveAndReload() { return session_->SaveAndReload(); }
   static bool IsNumber(const TOwnerRow& row) { return row.value == "Number"; }
 
   // The value as a double, whatever its kind.
@@ -130,8 +112,9 @@ class OwnerParameterCommandsTest : public ::testing::Test {
   }
 
   static constexpr int kUser = 2;
+  std::unique_ptr<ztest::TLibrarySession> session_;
   int port_ = 0;
-  std::string dir_, firm_;
+  std::string firm_;
 };
 
 TEST_F(OwnerParameterCommandsTest, EveryRowIsServedByItsCommands) {
