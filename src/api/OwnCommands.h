@@ -21,3 +21,4 @@
 #include "api/OwnPriceLimitCommands.h"
 #include "api/OwnInstrumentsWithoutCurrencyRiskCommands.h"
 #include "api/OwnGlobalParameterCommands.h"
+#include "api/OwnLimitKindsCommands.h"

@@ -184,6 +184,10 @@ using Doubles = ListArg<TBuiltArray<ZDL_ArrayDoubleNumbers, double, &New_ZDL_Arr
                                     &Free_ZDL_ArrayDoubleNumbers>,
                         Member>;
 
+// A list of whole numbers, passed as ZDL_ArrayIntNumbers*.
+template <auto Member>
+using Ints = ListArg<TBuiltArray<ZDL_ArrayIntNumbers, int, &New_ZDL_ArrayIntNumbers, &Free_ZDL_ArrayIntNumbers>, Member>;
+
 // A list of code pairs, passed as ZDL_ArrayCodeToCodeTrdaccToTrdacc*.
 template <auto Member>
 using Pairs = ListArg<TBuiltArray<ZDL_ArrayCodeToCodeTrdaccToTrdacc, TDL_StringsPair,

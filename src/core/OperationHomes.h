@@ -9,6 +9,7 @@
 #include "core/TClientListsEditor.h"
 #include "core/TGlobalListEditor.h"
 #include "core/TInstrumentsWithoutCurrencyRiskEditor.h"
+#include "core/TLimitKindsEditor.h"
 #include "core/TGlobalParameterEditor.h"
 #include "core/TStorageHub.h"
 #include "core/TMinOrderValueEditor.h"
