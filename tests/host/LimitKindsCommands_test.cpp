@@ -23,8 +23,7 @@ ZDL_DECLARE_RECORD(TTemplateKinds, (std::string, firmCode), (std::string, templa
 class LimitKindsCommandsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    session_ = std::make_unique<ztest::TLibrarySession>("lk",
-                                                        ztest::ReadSourceFile("examples/server/libs/broker.ini"));
+    session_ = std::make_unique<ztest::TLibrarySession>("lk", ztest::ReadSourceFile("examples/server/libs/broker.ini"));
   }
   // The owner's scope word ("Global", "ClientSettings", "MarginTemplate").
   int Get(const std::string& scope, const std::string& code, TKinds& out) {
