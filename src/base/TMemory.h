@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 #include "base/ApiRecords.h"
 
@@ -42,6 +44,13 @@ class TMemory {
   // items is null for a count of 0. The strings and inner arrays inside the
   // items are the caller's to fill (each with array new); they are released
   // with the array. An impossible count throws std::bad_array_new_length.
+  // A list of strings handed out, each a copy in a block of its own.
+  ZDL_ArrayStrings* ConstructStrings(const std::vector<std::string>& items) {
+    ZDL_ArrayStrings* array = ConstructArray<ZDL_ArrayStrings>(items.size());
+    for (size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
+    return array;
+  }
+
   template <class Array>
   Array* ConstructArray(size_t count) {
     using Item = std::remove_pointer_t<decltype(Array::items)>;

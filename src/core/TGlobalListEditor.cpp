@@ -88,9 +88,7 @@ int TGlobalListEditor::Get(EGlobalList list, ZDL_ArrayStrings** out) const {
   if (out == nullptr) return ZDL_BAD_ARGUMENT;
   std::vector<std::string> items;
   if (!Read(list, items)) return ZDL_NOT_FOUND;
-  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
-  *out = array;
+  *out = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 

@@ -56,12 +56,6 @@ void TInstrumentsWithoutCurrencyRiskEditor::Done(EScope scope, const char* owner
     TOwnerSection(m_hub, OwnerOf(scope == EScope::Client)).Forget(owner);
 }
 
-ZDL_ArrayStrings* TInstrumentsWithoutCurrencyRiskEditor::NewStrings(const std::vector<std::string>& items) const {
-  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
-  return array;
-}
-
 int TInstrumentsWithoutCurrencyRiskEditor::GetClasses(EScope scope, const char* owner,
                                                       ZDL_ArrayStrings** classes) const {
   if (classes == nullptr) return ZDL_BAD_ARGUMENT;
@@ -72,7 +66,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::GetClasses(EScope scope, const char* 
   for (const auto& [key, value] : *keys)
     if (key.size() > prefixUp.size() && StrUpper(key.substr(0, prefixUp.size())) == prefixUp)
       items.push_back(key.substr(prefixUp.size()));
-  *classes = NewStrings(items);
+  *classes = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 
@@ -107,7 +101,7 @@ int TInstrumentsWithoutCurrencyRiskEditor::GetInstruments(EScope scope, const ch
   if (keys == nullptr) return ZDL_NOT_FOUND;
   const auto it = keys->find(Prefix() + classCode);
   if (it == keys->end()) return ZDL_NOT_FOUND;
-  *instruments = NewStrings(Split(it->second));
+  *instruments = m_hub.GetMemory().ConstructStrings(Split(it->second));
   return ZDL_OK;
 }
 

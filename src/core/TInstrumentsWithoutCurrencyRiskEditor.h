@@ -122,7 +122,6 @@ class TInstrumentsWithoutCurrencyRiskEditor {
   int AddInstrument(EScope scope, const char* owner, const char* classCode, const char* secCode);
   int RemoveInstrument(EScope scope, const char* owner, const char* classCode, const char* secCode);
 
-  ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 
   TStorageHub& m_hub;
 };

@@ -31,14 +31,18 @@ int TOwnerParameterEditor::Write(EOwner owner, const char* code, const char* key
   return ZDL_OK;
 }
 
+const TIniKeyMap* TOwnerParameterEditor::KeysToRead(EOwner owner, const char* code, bool hasOut, int& result) const {
+  std::string name;
+  result = Section(owner, code, name);
+  if (result == ZDL_OK && !hasOut) result = ZDL_BAD_ARGUMENT;
+  return result == ZDL_OK ? Keys(owner, code, result) : nullptr;
+}
+
 // ---- Whole numbers of margin sections, with inheritance ----
 
 int TOwnerParameterEditor::GetInherit(EOwner owner, const char* code, const char* key, int* out) const {
   int result = ZDL_OK;
-  std::string name;
-  if (int r = Section(owner, code, name); r != ZDL_OK) return r;
-  if (out == nullptr) return ZDL_BAD_ARGUMENT;
-  const TIniKeyMap* keys = Keys(owner, code, result);
+  const TIniKeyMap* keys = KeysToRead(owner, code, out != nullptr, result);
   if (keys == nullptr) return result;
   const auto it = keys->find(key);
   *out = it == keys->end() ? kInherit : static_cast<int>(std::strtol(it->second.c_str(), nullptr, 10));
@@ -69,11 +73,8 @@ int TOwnerParameterEditor::SetInt(EOwner owner, const char* code, const char* ke
 }
 
 int TOwnerParameterEditor::GetNumber(EOwner owner, const char* code, const char* key, double* out) const {
-  std::string name;
-  if (int r = Section(owner, code, name); r != ZDL_OK) return r;
-  if (out == nullptr) return ZDL_BAD_ARGUMENT;
   int result = ZDL_OK;
-  const TIniKeyMap* keys = Keys(owner, code, result);
+  const TIniKeyMap* keys = KeysToRead(owner, code, out != nullptr, result);
   if (keys == nullptr) return result;
   const auto it = keys->find(key);
   if (it == keys->end()) return ZDL_NOT_FOUND;
@@ -91,18 +92,13 @@ int TOwnerParameterEditor::SetNumber(EOwner owner, const char* code, const char*
 // ---- Lists ----
 
 int TOwnerParameterEditor::GetList(EOwner owner, const char* code, const char* key, ZDL_ArrayStrings** out) const {
-  std::string name;
-  if (int r = Section(owner, code, name); r != ZDL_OK) return r;
-  if (out == nullptr) return ZDL_BAD_ARGUMENT;
   int result = ZDL_OK;
-  const TIniKeyMap* keys = Keys(owner, code, result);
+  const TIniKeyMap* keys = KeysToRead(owner, code, out != nullptr, result);
   if (keys == nullptr) return result;
   const auto it = keys->find(key);
   const std::vector<std::string> items =
       it == keys->end() ? std::vector<std::string>() : TClassList(it->second, TClassList::NoRepeats).Items();
-  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
-  *out = array;
+  *out = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 

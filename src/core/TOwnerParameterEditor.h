@@ -65,6 +65,10 @@ class TOwnerParameterEditor {
     return TOwnerSection(m_hub, owner).Find(code, result);
   }
 
+  // The owner's keys for a reading, checked in order: the owner's code, the
+  // out pointer (3 when there is none), the section.
+  const TIniKeyMap* KeysToRead(EOwner owner, const char* code, bool hasOut, int& result) const;
+
   int GetInherit(EOwner owner, const char* code, const char* key, int* out) const;
   int SetInherit(EOwner owner, const char* code, const char* key, EValueCheck check, int value);
   int GetInt(EOwner owner, const char* code, const char* key, int* out) const;

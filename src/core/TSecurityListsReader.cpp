@@ -17,12 +17,6 @@ bool TSecurityListsReader::Has(EIniSectCodeNum section) const {
   return m_hub.GetParser().FindIniSectionRef(std::string(IniSectName(section))) != nullptr;
 }
 
-ZDL_ArrayStrings* TSecurityListsReader::NewStrings(const std::vector<std::string>& items) const {
-  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) array->items[i] = ZDLPlain::NewText(items[i]);
-  return array;
-}
-
 int TSecurityListsReader::Classes(const TSecuritiesByClass& store, EIniSectCodeNum section,
                                   ZDL_ArrayStrings** classes) const {
   if (classes == nullptr) return ZDL_BAD_ARGUMENT;
@@ -30,7 +24,7 @@ int TSecurityListsReader::Classes(const TSecuritiesByClass& store, EIniSectCodeN
   std::vector<std::string> items;
   if (store.hasAll) items.push_back(AllClasses());
   for (const auto& [classCode, list] : store.byClass) items.push_back(classCode);
-  *classes = NewStrings(items);
+  *classes = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 
@@ -43,12 +37,12 @@ int TSecurityListsReader::InstrumentsOfClass(const TSecuritiesByClass& store, EI
   if (!Has(section)) return ZDL_NOT_FOUND;
   if (all) {
     if (!store.hasAll) return ZDL_NOT_FOUND;
-    *instruments = NewStrings(store.all.Items());
+    *instruments = m_hub.GetMemory().ConstructStrings(store.all.Items());
     return ZDL_OK;
   }
   const auto it = store.byClass.find(classCode);
   if (it == store.byClass.end()) return ZDL_NOT_FOUND;
-  *instruments = NewStrings(it->second.Items());
+  *instruments = m_hub.GetMemory().ConstructStrings(it->second.Items());
   return ZDL_OK;
 }
 
@@ -59,7 +53,7 @@ int TSecurityListsReader::Instruments(const TSecuritiesByClass& store, EIniSectC
   // Every security once, in code order.
   std::set<std::string> codes(store.all.Items().begin(), store.all.Items().end());
   for (const auto& [classCode, list] : store.byClass) codes.insert(list.Items().begin(), list.Items().end());
-  *instruments = NewStrings(std::vector<std::string>(codes.begin(), codes.end()));
+  *instruments = m_hub.GetMemory().ConstructStrings(std::vector<std::string>(codes.begin(), codes.end()));
   return ZDL_OK;
 }
 
@@ -73,7 +67,7 @@ int TSecurityListsReader::ClassesOfInstrument(const TSecuritiesByClass& store, E
   for (const auto& [classCode, list] : store.byClass)
     if (list.Contains(secCode)) items.push_back(classCode);
   if (items.empty()) return ZDL_NOT_FOUND;
-  *classes = NewStrings(items);
+  *classes = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 

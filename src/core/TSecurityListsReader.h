@@ -51,7 +51,6 @@ class TSecurityListsReader {
   int Instruments(const TSecuritiesByClass& store, EIniSectCodeNum section, ZDL_ArrayStrings** instruments) const;
   int ClassesOfInstrument(const TSecuritiesByClass& store, EIniSectCodeNum section, const char* secCode,
                           ZDL_ArrayStrings** classes) const;
-  ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 
   TStorageHub& m_hub;
 };

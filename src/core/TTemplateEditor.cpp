@@ -54,16 +54,8 @@ int TTemplateEditor::ClientsOfKeys(const TIniParser::TKeyMap& keys, ZDL_ArrayStr
   std::vector<std::string> items;
   for (auto& item : list)
     if (!item.empty()) items.push_back(std::move(item));
-  *clients = NewStrings(items);
+  *clients = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
-}
-
-ZDL_ArrayStrings* TTemplateEditor::NewStrings(const std::vector<std::string>& items) const {
-  ZDL_ArrayStrings* array = m_hub.GetMemory().ConstructArray<ZDL_ArrayStrings>(items.size());
-  for (size_t i = 0; i < items.size(); ++i) {
-    array->items[i] = ZDLPlain::NewText(items[i]);
-  }
-  return array;
 }
 
 int TTemplateEditor::CodesOfSections(const std::string& prefix, const std::string& suffix,
@@ -79,7 +71,7 @@ int TTemplateEditor::CodesOfSections(const std::string& prefix, const std::strin
     if (up.compare(up.size() - suffixUp.size(), suffixUp.size(), suffixUp) != 0) continue;
     items.push_back(name.substr(prefix.size(), name.size() - prefix.size() - suffix.size()));
   }
-  *codes = NewStrings(items);
+  *codes = m_hub.GetMemory().ConstructStrings(items);
   return ZDL_OK;
 }
 
@@ -171,7 +163,7 @@ int TTemplateEditor::GetListOfClientSettings(ZDL_ArrayStrings** clients) const {
   if (clients == nullptr) return ZDL_BAD_ARGUMENT;
   std::vector<std::string> codes;
   for (const auto& [code, section] : m_hub.GetOldParserPointer()->GetClientSettings()) codes.push_back(code);
-  *clients = NewStrings(codes);
+  *clients = m_hub.GetMemory().ConstructStrings(codes);
   return ZDL_OK;
 }
 
@@ -207,7 +199,7 @@ int TTemplateEditor::GetListOfRestrictionTemplates(ZDL_ArrayStrings** codes) con
   std::vector<std::string> names;
   if (const TCacheOfRestrictions* cache = m_hub.GetRestrictionsCache(); cache != nullptr)
     for (const auto& [name, entry] : cache->GetTemplates()) names.push_back(name);
-  *codes = NewStrings(names);
+  *codes = m_hub.GetMemory().ConstructStrings(names);
   return ZDL_OK;
 }
 

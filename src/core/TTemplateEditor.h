@@ -98,7 +98,6 @@ class TTemplateEditor {
   [[nodiscard]] int LeveragesOfSection(const char* templateCode, std::string (*section)(const std::string&),
                                        ZDL_ArrayDoubleNumbers** leverages) const;
   [[nodiscard]] int AddTemplate(const char* templateCode, std::string (*section)(const std::string&));
-  ZDL_ArrayStrings* NewStrings(const std::vector<std::string>& items) const;
 
   TStorageHub& m_hub;
 };
